@@ -1,0 +1,9 @@
+// State of the command subsystem.
+#pragma once
+
+namespace ruvo {
+
+struct CommandState {
+};
+
+} // namespace ruvo

@@ -1,0 +1,9 @@
+// State of the document subsystem: open buffers, recent files, dialog memory.
+#pragma once
+
+namespace ruvo {
+
+struct DocumentState {
+};
+
+} // namespace ruvo

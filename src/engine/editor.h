@@ -1,0 +1,34 @@
+// The program-wide state of the editor in one object with a single accessor.
+// Each subsystem keeps its own part in the state record of its folder.
+#pragma once
+
+#include "commands/command_state.h"
+#include "docs/document_state.h"
+#include "engine/engine_state.h"
+#include "lang/language_state.h"
+#include "settings/settings_state.h"
+
+namespace ruvo {
+
+class Host;
+
+struct Editor {
+    explicit Editor(Host& platform) : host(platform) {}
+    Editor(const Editor&) = delete;
+    Editor& operator=(const Editor&) = delete;
+    ~Editor();
+
+    Host& host;
+    SettingsState settings;
+    EngineState engine;
+    CommandState commands;
+    LanguageState languages;
+    DocumentState documents;
+};
+
+// The editor of this process. Installed by the program at start-up and by each test.
+Editor& TheEditor();
+void InstallEditor(Editor* editor);
+bool HasEditor();
+
+} // namespace ruvo

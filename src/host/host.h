@@ -1,0 +1,112 @@
+// The one interface through which the portable core reaches the platform.
+// WinHost (src/ui) implements it with Win32 calls; FakeHost (tests) records every call.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace ruvo {
+
+struct EditBuffer;
+
+// Results of QuestionBox, and its kinds.
+enum class QuestionKind : int { YesNoCancel = 1, OkCancel = 2, YesNo = 3 };
+constexpr int AnswerYes = 1; // Yes or OK
+constexpr int AnswerNo = 0;
+constexpr int AnswerCancel = -1;
+
+// Result codes of LzCopy: a non-negative byte count on success, else one of the LZERROR_* codes.
+constexpr long LzErrorBadInHandle = -1;
+constexpr long LzErrorBadOutHandle = -2;
+constexpr long LzErrorRead = -3;
+constexpr long LzErrorWrite = -4;
+constexpr long LzErrorGlobalAlloc = -5;
+constexpr long LzErrorGlobalLock = -6;
+constexpr long LzErrorBadValue = -7;
+constexpr long LzErrorUnknownAlgorithm = -8;
+
+struct FileDialogRequest {
+    bool save = false;             // save dialog, else open dialog
+    std::string title;             // dialog caption
+    std::string filter;            // "Desc|*.x|Desc2|*.y|" with bars, the host converts them
+    std::string initialName;       // file name shown first
+    std::string initialDirectory;  // directory shown first; empty for the current one
+};
+
+struct FileDialogResult {
+    std::string fileName;          // the chosen file, full path
+    std::string directory;         // the directory the dialog ended in
+    bool readOnly = false;         // the "open as read-only" check box
+};
+
+class Host {
+public:
+    virtual ~Host() = default;
+
+    // --- Message boxes -------------------------------------------------------------------
+    // Error box with the stop icon, owned by the frame. A null caption gives the default
+    // caption; an empty one gives none.
+    virtual void ErrorBox(const char* caption, std::string_view text) = 0;
+    // Question box with the question icon; returns AnswerYes, AnswerNo or AnswerCancel.
+    virtual int QuestionBox(const char* caption, std::string_view text, QuestionKind kind) = 0;
+    // The error stream of the program (stderr natively; a debug channel in the GUI).
+    virtual void ErrorStream(std::string_view text) = 0;
+
+    // --- Private profile (the platform resolves a bare file name) -------------------------
+    // Returns the value, or `defaultValue` when the key is missing; cut to capacity - 1 bytes.
+    virtual std::string ProfileGetString(std::string_view file, std::string_view section,
+                                         std::string_view key, std::string_view defaultValue,
+                                         int capacity) = 0;
+    // Leading decimal digits of the value (optionally signed), or the default when missing.
+    virtual int ProfileGetInt(std::string_view file, std::string_view section,
+                              std::string_view key, int defaultValue) = 0;
+    virtual bool ProfileWriteString(std::string_view file, std::string_view section,
+                                    std::string_view key, std::string_view value) = 0;
+
+    // --- Process environment ----------------------------------------------------------------
+    virtual std::string ProgramPath() = 0;             // full module path, at most 255 chars
+    virtual std::string Environment(std::string_view name) = 0; // empty when unset
+    virtual std::string CurrentDirectory() = 0;         // at most 255 chars
+
+    // --- Status line ------------------------------------------------------------------------
+    // Pane 0..4; an empty text clears the pane; with beep the system beep sounds first.
+    virtual void SetStatusPane(int pane, std::string_view text, bool beep) = 0;
+    virtual void Beep() = 0;
+
+    // --- Commands ---------------------------------------------------------------------------
+    // Menu item and button of one command-table row greyed or enabled.
+    virtual void EnableCommand(int commandIndex, bool enabled) = 0;
+    // Asks the frame to close (the close handling asks about modified buffers).
+    virtual void PostCloseFrame() = 0;
+
+    // --- Clipboard (CF_TEXT) ----------------------------------------------------------------
+    virtual bool ClipboardHasText() = 0;
+    virtual std::optional<std::string> ClipboardGetText() = 0;
+    virtual bool ClipboardSetText(std::string_view text) = 0;
+
+    // --- Edit windows -----------------------------------------------------------------------
+    // Creates the MDI child for a new buffer, titled with its fileName; false on failure.
+    virtual bool CreateEditWindow(EditBuffer& buffer) = 0;
+    virtual void SetWindowTitle(EditBuffer& buffer, std::string_view title) = 0;
+    // Brings the buffer's window to the front and gives it the focus (it becomes current).
+    virtual void ActivateEditWindow(EditBuffer& buffer) = 0;
+    virtual void RedrawLine(EditBuffer& buffer, int line) = 0;
+    virtual void RedrawWindow(EditBuffer& buffer) = 0;
+    // The caret position, scroll bars and status panes follow the buffer's fields.
+    virtual void UpdateCaretAndStatus(EditBuffer& buffer) = 0;
+    virtual void ScrollPositionChanged(EditBuffer& buffer) = 0;
+
+    // --- Files ------------------------------------------------------------------------------
+    virtual std::optional<FileDialogResult> FileDialog(const FileDialogRequest& request) = 0;
+    // Copies a file through the LZ expansion library; bytes written or an LzError* code.
+    virtual long LzCopy(std::string_view source, std::string_view target) = 0;
+    virtual void SetBusyCursor(bool busy) = 0;
+    // The progress window shown while saving large buffers.
+    virtual void ShowProgress(std::string_view title, int total) = 0;
+    virtual void UpdateProgress(int done) = 0;
+    virtual void HideProgress() = 0;
+};
+
+} // namespace ruvo

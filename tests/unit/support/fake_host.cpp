@@ -1,0 +1,155 @@
+// FakeHost: records what the core asks of the platform and plays back scripted answers.
+#include "fake_host.h"
+
+#include <cctype>
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+#include "engine/edit_buffer.h"
+#include "engine/editor.h"
+
+namespace ruvo {
+
+namespace {
+
+std::string Lower(std::string_view text) {
+    std::string result(text);
+    for (char& c : result) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return result;
+}
+
+} // namespace
+
+void FakeHost::SetProfile(const std::string& section, const std::string& key,
+                          const std::string& value) {
+    profile_[Lower(section)][Lower(key)] = value;
+}
+
+std::optional<std::string> FakeHost::ProfileValue(const std::string& section,
+                                                  const std::string& key) const {
+    auto s = profile_.find(Lower(section));
+    if (s == profile_.end()) return std::nullopt;
+    auto k = s->second.find(Lower(key));
+    if (k == s->second.end()) return std::nullopt;
+    return k->second;
+}
+
+std::string FakeHost::ErrorBoxTexts() const {
+    std::string all;
+    for (const Box& box : boxes) all += box.text + "\n";
+    return all;
+}
+
+void FakeHost::ErrorBox(const char* caption, std::string_view text) {
+    boxes.push_back({caption ? caption : "(default)", std::string(text), 0});
+}
+
+int FakeHost::QuestionBox(const char* caption, std::string_view text, QuestionKind kind) {
+    boxes.push_back({caption ? caption : "(default)", std::string(text), static_cast<int>(kind)});
+    if (answers.empty()) return AnswerYes;
+    const int answer = answers.front();
+    answers.pop_front();
+    return answer;
+}
+
+void FakeHost::ErrorStream(std::string_view text) { errorStream += text; }
+
+std::string FakeHost::ProfileGetString(std::string_view, std::string_view section,
+                                       std::string_view key, std::string_view defaultValue,
+                                       int capacity) {
+    std::optional<std::string> value = ProfileValue(std::string(section), std::string(key));
+    std::string result = value ? *value : std::string(defaultValue);
+    if (capacity <= 0) return {};
+    if (static_cast<int>(result.size()) > capacity - 1) result.resize(capacity - 1);
+    return result;
+}
+
+int FakeHost::ProfileGetInt(std::string_view, std::string_view section, std::string_view key,
+                            int defaultValue) {
+    std::optional<std::string> value = ProfileValue(std::string(section), std::string(key));
+    if (!value) return defaultValue;
+    return std::atoi(value->c_str());
+}
+
+bool FakeHost::ProfileWriteString(std::string_view, std::string_view section,
+                                  std::string_view key, std::string_view value) {
+    SetProfile(std::string(section), std::string(key), std::string(value));
+    return true;
+}
+
+std::string FakeHost::Environment(std::string_view name) {
+    auto it = environment.find(std::string(name));
+    return it == environment.end() ? std::string() : it->second;
+}
+
+void FakeHost::SetStatusPane(int pane, std::string_view text, bool beep) {
+    statusTexts.push_back({pane, std::string(text), beep});
+    if (beep) ++beeps;
+    if (pane >= 0 && pane < 5) statusPanes[pane] = std::string(text);
+}
+
+void FakeHost::EnableCommand(int commandIndex, bool enabled) {
+    enabledCommands[commandIndex] = enabled;
+    enableCalls.emplace_back(commandIndex, enabled);
+}
+
+bool FakeHost::ClipboardSetText(std::string_view text) {
+    clipboard = std::string(text);
+    return true;
+}
+
+bool FakeHost::CreateEditWindow(EditBuffer& buffer) {
+    if (createWindowFails) return false;
+    createdWindows.push_back(&buffer);
+    windowTitles[&buffer] = buffer.fileName;
+    // A real window starts with some room; tests may change these.
+    if (buffer.visibleLines == 0) buffer.visibleLines = 20;
+    if (buffer.visibleColumns == 0) buffer.visibleColumns = 80;
+    return true;
+}
+
+void FakeHost::SetWindowTitle(EditBuffer& buffer, std::string_view title) {
+    windowTitles[&buffer] = std::string(title);
+}
+
+void FakeHost::ActivateEditWindow(EditBuffer& buffer) {
+    activatedWindows.push_back(&buffer);
+    TheEditor().engine.currentBuffer = &buffer;
+}
+
+void FakeHost::RedrawLine(EditBuffer& buffer, int line) { redrawnLines.emplace_back(&buffer, line); }
+
+void FakeHost::RedrawWindow(EditBuffer& buffer) { redrawnWindows.push_back(&buffer); }
+
+std::optional<FileDialogResult> FakeHost::FileDialog(const FileDialogRequest& request) {
+    fileDialogs.push_back(request);
+    if (fileDialogAnswers.empty()) return std::nullopt;
+    std::optional<FileDialogResult> answer = fileDialogAnswers.front();
+    fileDialogAnswers.pop_front();
+    return answer;
+}
+
+long FakeHost::LzCopy(std::string_view source, std::string_view target) {
+    lzCopies.emplace_back(std::string(source), std::string(target));
+    if (lzCopyResult) return *lzCopyResult;
+    std::ifstream in(std::string(source), std::ios::binary);
+    if (!in) return LzErrorBadInHandle;
+    std::ofstream out(std::string(target), std::ios::binary | std::ios::trunc);
+    if (!out) return LzErrorBadOutHandle;
+    std::ostringstream bytes;
+    bytes << in.rdbuf();
+    out << bytes.str();
+    if (!out) return LzErrorWrite;
+    return static_cast<long>(bytes.str().size());
+}
+
+void FakeHost::ShowProgress(std::string_view title, int total) {
+    progressEvents.push_back("show " + std::string(title) + " " + std::to_string(total));
+}
+
+void FakeHost::UpdateProgress(int done) { progressEvents.push_back("update " + std::to_string(done)); }
+
+void FakeHost::HideProgress() { progressEvents.push_back("hide"); }
+
+} // namespace ruvo

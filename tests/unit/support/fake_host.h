@@ -1,0 +1,104 @@
+// A Host for tests: an in-memory profile, scripted answers, and a record of every call.
+#pragma once
+
+#include <deque>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/host.h"
+
+namespace ruvo {
+
+class FakeHost : public Host {
+public:
+    struct Box {
+        std::string caption; // "(default)" for a null caption
+        std::string text;
+        int kind = 0;        // 0 for an error box, else the QuestionKind
+    };
+    struct StatusText {
+        int pane;
+        std::string text;
+        bool beep;
+    };
+
+    // --- What the tests read back ---
+    std::vector<Box> boxes;
+    std::string errorStream;
+    std::vector<StatusText> statusTexts;
+    std::string statusPanes[5];
+    int beeps = 0;
+    std::map<int, bool> enabledCommands; // last state pushed per command index
+    std::vector<std::pair<int, bool>> enableCalls;
+    int closeRequests = 0;
+    std::optional<std::string> clipboard;
+    std::vector<EditBuffer*> createdWindows;
+    std::vector<EditBuffer*> activatedWindows;
+    std::vector<std::pair<EditBuffer*, int>> redrawnLines;
+    std::vector<EditBuffer*> redrawnWindows;
+    int caretUpdates = 0;
+    int scrollUpdates = 0;
+    std::vector<FileDialogRequest> fileDialogs;
+    std::vector<std::pair<std::string, std::string>> lzCopies;
+    int busyCursorDepth = 0;
+    std::vector<std::string> progressEvents;
+
+    // --- What the tests script ---
+    std::deque<int> answers;                      // next question answers; empty: AnswerYes
+    std::deque<std::optional<FileDialogResult>> fileDialogAnswers; // empty: cancelled
+    std::optional<long> lzCopyResult;             // forced result; else a real copy
+    bool createWindowFails = false;
+    std::string programPath = "C:\\ruvo\\ruvo.exe";
+    std::string currentDirectory = "C:\\work";
+    std::map<std::string, std::string> environment;
+
+    // In-memory profile: file -> section -> key -> value (sections and keys compared
+    // without regard to case, as the platform does).
+    void SetProfile(const std::string& section, const std::string& key, const std::string& value);
+    std::optional<std::string> ProfileValue(const std::string& section, const std::string& key) const;
+    std::string ErrorBoxTexts() const; // every box text, one per line
+
+    void ErrorBox(const char* caption, std::string_view text) override;
+    int QuestionBox(const char* caption, std::string_view text, QuestionKind kind) override;
+    void ErrorStream(std::string_view text) override;
+    std::string ProfileGetString(std::string_view file, std::string_view section,
+                                 std::string_view key, std::string_view defaultValue,
+                                 int capacity) override;
+    int ProfileGetInt(std::string_view file, std::string_view section, std::string_view key,
+                      int defaultValue) override;
+    bool ProfileWriteString(std::string_view file, std::string_view section,
+                            std::string_view key, std::string_view value) override;
+    std::string ProgramPath() override { return programPath; }
+    std::string Environment(std::string_view name) override;
+    std::string CurrentDirectory() override { return currentDirectory; }
+    void SetStatusPane(int pane, std::string_view text, bool beep) override;
+    void Beep() override { ++beeps; }
+    void EnableCommand(int commandIndex, bool enabled) override;
+    void PostCloseFrame() override { ++closeRequests; }
+    bool ClipboardHasText() override { return clipboard.has_value(); }
+    std::optional<std::string> ClipboardGetText() override { return clipboard; }
+    bool ClipboardSetText(std::string_view text) override;
+    bool CreateEditWindow(EditBuffer& buffer) override;
+    void SetWindowTitle(EditBuffer& buffer, std::string_view title) override;
+    void ActivateEditWindow(EditBuffer& buffer) override;
+    void RedrawLine(EditBuffer& buffer, int line) override;
+    void RedrawWindow(EditBuffer& buffer) override;
+    void UpdateCaretAndStatus(EditBuffer&) override { ++caretUpdates; }
+    void ScrollPositionChanged(EditBuffer&) override { ++scrollUpdates; }
+    std::optional<FileDialogResult> FileDialog(const FileDialogRequest& request) override;
+    long LzCopy(std::string_view source, std::string_view target) override;
+    void SetBusyCursor(bool busy) override { busyCursorDepth += busy ? 1 : -1; }
+    void ShowProgress(std::string_view title, int total) override;
+    void UpdateProgress(int done) override;
+    void HideProgress() override;
+
+    std::map<EditBuffer*, std::string> windowTitles;
+
+private:
+    using Section = std::map<std::string, std::string>;
+    std::map<std::string, Section> profile_; // keys lower-cased
+};
+
+} // namespace ruvo
