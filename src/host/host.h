@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace ruvo {
 
@@ -107,6 +108,13 @@ public:
     virtual void ShowProgress(std::string_view title, int total) = 0;
     virtual void UpdateProgress(int done) = 0;
     virtual void HideProgress() = 0;
+    // The text field of the progress window (the name of the file being saved).
+    virtual void SetProgressText(std::string_view) {}
+
+    // --- Recent files -----------------------------------------------------------------------
+    // The File menu's five recent-file labels changed; item i is enabled when its slot
+    // (TheEditor().documents.recentFiles[i]) is not empty.
+    virtual void RecentFilesChanged(const std::vector<std::string>&) {}
 };
 
 } // namespace ruvo

@@ -152,4 +152,12 @@ void FakeHost::UpdateProgress(int done) { progressEvents.push_back("update " + s
 
 void FakeHost::HideProgress() { progressEvents.push_back("hide"); }
 
+void FakeHost::SetProgressText(std::string_view text) {
+    progressEvents.push_back("text " + std::string(text));
+}
+
+void FakeHost::RecentFilesChanged(const std::vector<std::string>& labels) {
+    recentMenus.push_back(labels);
+}
+
 } // namespace ruvo

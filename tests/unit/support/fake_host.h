@@ -44,6 +44,7 @@ public:
     std::vector<std::pair<std::string, std::string>> lzCopies;
     int busyCursorDepth = 0;
     std::vector<std::string> progressEvents;
+    std::vector<std::vector<std::string>> recentMenus; // every label set handed to the menu
 
     // --- What the tests script ---
     std::deque<int> answers;                      // next question answers; empty: AnswerYes
@@ -93,6 +94,8 @@ public:
     void ShowProgress(std::string_view title, int total) override;
     void UpdateProgress(int done) override;
     void HideProgress() override;
+    void SetProgressText(std::string_view text) override;
+    void RecentFilesChanged(const std::vector<std::string>& labels) override;
 
     std::map<EditBuffer*, std::string> windowTitles;
 
