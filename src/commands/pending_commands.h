@@ -1,0 +1,51 @@
+// Handlers of commands whose subsystems are not built yet: each does nothing and returns 0.
+#pragma once
+
+namespace ruvo {
+
+int PrintText();
+int FindText();
+int FindNextText();
+int ReplaceText();
+int GotoLine();
+int EditSpecial();
+int EditTemplates();
+int LanguageExpand();
+int IdentifierExpand();
+int VsystemOptions();
+int VsystemVHDL();
+int VsystemVerilog();
+int LeonardoCompile();
+int SynplifyVhdl();
+int SynplifyVerilog();
+int NextError();
+int PrevError();
+int AddIndent();
+int RemoveIndent();
+int AddComment();
+int RemoveComment();
+int EditorOptions();
+int LanguageOptions();
+int LeonardoOptions();
+int About();
+int ToolOptions();
+int RunTool1();
+int RunTool2();
+int RunTool3();
+int RunTool4();
+int RunTool5();
+int RunTool6();
+int DisplayHelpfile1();
+int DisplayHelpfile2();
+int DisplayHelpfile3();
+int DisplayHelpfile4();
+int DisplayHelpfile5();
+int WindowCascade();
+int WindowTileVertical();
+int WindowTileHorizontal();
+int WindowNext();
+int WindowPrevious();
+int WindowClose();
+int Accelerators();
+
+} // namespace ruvo
