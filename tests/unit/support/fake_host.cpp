@@ -74,6 +74,8 @@ int FakeHost::ProfileGetInt(std::string_view, std::string_view section, std::str
 
 bool FakeHost::ProfileWriteString(std::string_view, std::string_view section,
                                   std::string_view key, std::string_view value) {
+    profileWrites.push_back("[" + std::string(section) + "] " + std::string(key) + "=" +
+                            std::string(value));
     SetProfile(std::string(section), std::string(key), std::string(value));
     return true;
 }

@@ -44,6 +44,7 @@ public:
     std::vector<std::pair<std::string, std::string>> lzCopies;
     int busyCursorDepth = 0;
     std::vector<std::string> progressEvents;
+    std::vector<std::string> profileWrites;  // "[section] key=value" in the order written
     std::vector<std::vector<std::string>> recentMenus; // every label set handed to the menu
 
     // --- What the tests script ---
