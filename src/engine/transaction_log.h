@@ -32,17 +32,24 @@ struct Transaction {
     int32_t leftColumnAfter;
     TextPos cursorAfter;
     TextPos start;
-    char* texts; // old text, NUL, new text, NUL
+    // The record is followed in the same allocation by its texts: the old text (what stood
+    // from `start` before the edit, lines joined by line feeds), a NUL, the new text, a NUL.
 };
+
+const char* OldText(const Transaction* record);
+const char* NewText(const Transaction* record);
 
 [[nodiscard]] int InitTransactionLog(EditBuffer& buffer);
 void FreeTransactionsFrom(EditBuffer& buffer, Transaction* record);
 void ClearTransactionLog(EditBuffer& buffer);
 void ResetTransactionLog(EditBuffer& buffer);
+// Links a record after the tail without applying it. 1, or 0 when it cannot be allocated.
 int AppendTransaction(EditBuffer& buffer, TextPos start, std::string_view oldText,
                       std::string_view newText, TextPos cursorAfter, int32_t topLineAfter,
                       int32_t leftColumnAfter, TextPos selStartAfter, TextPos selEndAfter);
-// The one entry for every change: replaces start..end by newText (may hold line feeds).
+// The one entry for every change: replaces start..end by newText (may hold line feeds),
+// then puts the caret at newCursor, scrolls (values or scroll codes) and selects
+// newSelStart..newSelEnd (values or SelectKeep). Caret moves replace (0,0)..(0,0) by "".
 void RecordEdit(EditBuffer& buffer, TextPos start, TextPos end, std::string_view newText,
                 TextPos newCursor, ScrollTarget scroll, TextPos newSelStart, TextPos newSelEnd);
 // 0 when a transaction was applied, 1 otherwise.
