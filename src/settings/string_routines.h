@@ -15,5 +15,7 @@ std::string RepeatChar(char c, int count);
 // Case-insensitive comparisons of ASCII text.
 bool EqualsNoCase(std::string_view a, std::string_view b);
 int CompareNoCase(std::string_view a, std::string_view b);
+// False for an empty name, which stores "Empty name!" as the current error text.
+[[nodiscard]] bool CheckName(std::string_view name);
 
 } // namespace ruvo
