@@ -1,0 +1,223 @@
+// The text store: columns, stepping, range text, insertion and deletion with the line limit.
+#include "engine/text_store.h"
+
+#include <string>
+
+#include "buffer_builder.h"
+#include "editor_fixture.h"
+#include "engine/line_strings.h"
+#include "settings/allocator.h"
+
+namespace ruvo {
+namespace {
+
+using TextStoreTest = EditorTest;
+
+std::string Line(const TestBuffer& buffer, int line) {
+    return const_cast<TestBuffer&>(buffer)->lines.lineText[line];
+}
+
+TEST_F(TextStoreTest, InsertingALineFeedSplitsTheLine) {
+    TestBuffer buffer("xyz");
+    ASSERT_EQ(InsertText(*buffer, "a\nb", 0, 2), 1);
+    EXPECT_EQ(buffer.Text(), "xya\nbz");
+    EXPECT_EQ(EndOfInsertion(MakePos(0, 2), "a\nb"), MakePos(1, 1));
+    EXPECT_EQ(buffer->lines.modified, 1);
+
+    TestBuffer crlf("xyz");
+    ASSERT_EQ(InsertText(*crlf, "a\r\nb", 0, 2), 1);
+    EXPECT_EQ(crlf.Text(), "xya\nbz");
+
+    TestBuffer loneCr("xyz");
+    ASSERT_EQ(InsertText(*loneCr, "a\rb", 0, 2), 1);
+    EXPECT_EQ(loneCr.Text(), "xya\rbz");
+    EXPECT_EQ(loneCr->lines.lineCount, 1);
+}
+
+TEST_F(TextStoreTest, InsertingManyLinesKeepsTheLinesAround) {
+    TestBuffer buffer("first\nab\nlast");
+    ASSERT_EQ(InsertText(*buffer, "1\n2\r\n3\n\n4", 1, 1), 1);
+    EXPECT_EQ(buffer.Text(), "first\na1\n2\n3\n\n4b\nlast");
+    EXPECT_EQ(buffer->lines.lineCount, 7);
+    EXPECT_EQ(EndOfInsertion(MakePos(1, 1), "1\n2\r\n3\n\n4"), MakePos(5, 1));
+    EXPECT_EQ(CountNewlines("1\n2\r\n3\n\n4"), 4);
+    EXPECT_EQ(EndOfInsertion(MakePos(3, 7), "abc"), MakePos(3, 10));
+
+    // Empty text is a success that changes nothing.
+    buffer->lines.modified = 0;
+    EXPECT_EQ(InsertText(*buffer, "", 0, 0), 1);
+    EXPECT_EQ(buffer->lines.modified, 0);
+    EXPECT_EQ(InsertText(*buffer, "x", 9, 0), 0);
+}
+
+TEST_F(TextStoreTest, InsertionStopsAtTheLineLimit) {
+    TestBuffer buffer(std::string(250, 'a'));
+    EXPECT_EQ(InsertText(*buffer, "bcdef", 0, 100), 1); // exactly 255
+    EXPECT_EQ(Line(buffer, 0).size(), 255u);
+    buffer->lines.modified = 0;
+    EXPECT_EQ(InsertText(*buffer, "x", 0, 0), 0); // would be 256
+    EXPECT_EQ(Line(buffer, 0).size(), 255u);
+    EXPECT_EQ(buffer->lines.modified, 0);
+
+    // With line feeds the head plus the first piece and the last piece plus the tail count.
+    TestBuffer split(std::string(200, 'h') + std::string(100, 't').substr(0, 55));
+    EXPECT_EQ(InsertText(*split, std::string(56, 'p') + "\n", 0, 200), 0);
+    EXPECT_EQ(InsertText(*split, std::string(55, 'p') + "\n", 0, 200), 1);
+    EXPECT_EQ(split->lines.lineCount, 2);
+    EXPECT_EQ(Line(split, 0).size(), 255u);
+    EXPECT_EQ(InsertText(*split, "\n" + std::string(201, 'q'), 1, 0), 0);
+    EXPECT_EQ(InsertText(*split, "\n" + std::string(200, 'q'), 1, 0), 1);
+    EXPECT_EQ(Line(split, 2).size(), 255u);
+
+    // The carriage return before the first line feed is counted, though it is not stored.
+    TestBuffer strict(std::string(200, 'h'));
+    EXPECT_EQ(InsertText(*strict, std::string(55, 'p') + "\r\nz", 0, 200), 0);
+    EXPECT_EQ(strict.Text(), std::string(200, 'h'));
+    EXPECT_EQ(InsertText(*strict, std::string(55, 'p') + "\nz", 0, 200), 1);
+
+    // A middle line that would be too long refuses the whole insertion.
+    TestBuffer middle("ab");
+    EXPECT_EQ(InsertText(*middle, "1\n" + std::string(256, 'm') + "\n2", 0, 1), 0);
+    EXPECT_EQ(middle.Text(), "ab");
+}
+
+TEST_F(TextStoreTest, DeletionJoinsLinesAndRespectsTheLimit) {
+    TestBuffer buffer("l0\nl1\nabcdef\nl3\nl4\nXYZ\nl6");
+    ASSERT_EQ(DeleteRange(*buffer, MakePos(2, 3), MakePos(5, 1)), 1);
+    EXPECT_EQ(buffer.Text(), "l0\nl1\nabcYZ\nl6");
+    EXPECT_EQ(buffer->lines.lineCount, 4);
+
+    ASSERT_EQ(DeleteRange(*buffer, MakePos(2, 1), MakePos(2, 3)), 1);
+    EXPECT_EQ(Line(buffer, 2), "aYZ");
+    buffer->lines.modified = 0;
+    EXPECT_EQ(DeleteRange(*buffer, MakePos(2, 2), MakePos(2, 2)), 1);
+    EXPECT_EQ(DeleteRange(*buffer, MakePos(2, 2), MakePos(1, 0)), 1);
+    EXPECT_EQ(buffer->lines.modified, 0);
+    EXPECT_EQ(buffer.Text(), "l0\nl1\naYZ\nl6");
+
+    // An end past the text deletes to its end.
+    ASSERT_EQ(DeleteRange(*buffer, MakePos(1, 1), MakePos(9, 0)), 1);
+    EXPECT_EQ(buffer.Text(), "l0\nl");
+
+    TestBuffer limit(std::string(128, 'a') + "\n" + std::string(128, 'b'));
+    EXPECT_EQ(DeleteRange(*limit, MakePos(0, 128), MakePos(1, 0)), 0); // 256 bytes
+    EXPECT_EQ(limit->lines.lineCount, 2);
+    EXPECT_EQ(DeleteRange(*limit, MakePos(0, 127), MakePos(1, 0)), 1); // 255 bytes
+    EXPECT_EQ(Line(limit, 0), std::string(127, 'a') + std::string(128, 'b'));
+}
+
+TEST_F(TextStoreTest, RangeTextJoinsLinesWithTheChosenSeparator) {
+    TestBuffer buffer("abc\nde\nfgh");
+    char* lf = GetRangeText(*buffer, MakePos(0, 2), MakePos(1, 1), false);
+    char* crlf = GetRangeText(*buffer, MakePos(0, 2), MakePos(1, 1), true);
+    char* whole = GetRangeText(*buffer, MakePos(0, 0), MakePos(2, 3), true);
+    char* empty = GetRangeText(*buffer, MakePos(1, 1), MakePos(1, 1), false);
+    char* backwards = GetRangeText(*buffer, MakePos(2, 0), MakePos(1, 1), false);
+    EXPECT_STREQ(lf, "c\nd");
+    EXPECT_STREQ(crlf, "c\r\nd");
+    EXPECT_STREQ(whole, "abc\r\nde\r\nfgh");
+    EXPECT_STREQ(empty, "");
+    EXPECT_STREQ(backwards, "");
+    for (char* text : {lf, crlf, whole, empty, backwards}) Release(text);
+    EXPECT_EQ(RangeText(*buffer, MakePos(0, 1), MakePos(2, 99)), "bc\nde\nfgh");
+
+    EXPECT_TRUE(TextStandsAt(*buffer, MakePos(0, 2), "c\nde\nf"));
+    EXPECT_TRUE(TextStandsAt(*buffer, MakePos(0, 2), "c\r\nde\r\nf"));
+    EXPECT_FALSE(TextStandsAt(*buffer, MakePos(0, 1), "b\nde"));
+    EXPECT_FALSE(TextStandsAt(*buffer, MakePos(2, 0), "fgh\n"));
+    EXPECT_TRUE(TextStandsAt(*buffer, MakePos(7, 0), ""));
+}
+
+TEST_F(TextStoreTest, ColumnsExpandTabsToTheTabSize) {
+    TestBuffer buffer("\tab\tc\nxy");
+    EXPECT_EQ(DisplayColumn(buffer->lines.lineText[0], 4), 8);
+    EXPECT_EQ(DisplayColumn(buffer->lines.lineText[0], 3), 6);
+    EXPECT_EQ(DisplayColumn(buffer->lines.lineText[0], 0), 0);
+    EXPECT_EQ(DisplayColumn(nullptr, 3), 0);
+    EXPECT_EQ(ColumnFromDisplay(*buffer, 0, 2), MakePos(0, 1));
+    EXPECT_EQ(ColumnFromDisplay(*buffer, 0, 4), MakePos(0, 1));
+    EXPECT_EQ(ColumnFromDisplay(*buffer, 0, 5), MakePos(0, 2));
+    EXPECT_EQ(ColumnFromDisplay(*buffer, 5, 40), MakePos(1, 2));
+    EXPECT_EQ(ColumnFromDisplay(*buffer, -3, 0), MakePos(0, 0));
+
+    editor.settings.options.tabSize = 8;
+    EXPECT_EQ(DisplayColumn(buffer->lines.lineText[0], 4), 16);
+    EXPECT_EQ(ColumnFromDisplay(*buffer, 0, 9), MakePos(0, 2));
+}
+
+TEST_F(TextStoreTest, PositionsAreClampedAndSteppedAcrossLines) {
+    TestBuffer buffer("abc\n\nde\nfghi");
+    buffer->visibleLines = 3;
+    EXPECT_EQ(ClampPos(*buffer, -5, -1), MakePos(0, 0));
+    EXPECT_EQ(ClampPos(*buffer, 9, 9), MakePos(3, 4));
+    EXPECT_EQ(ClampPos(*buffer, 2, 1), MakePos(2, 1));
+    EXPECT_EQ(ClampTopLine(*buffer, 0), 0);
+    EXPECT_EQ(ClampTopLine(*buffer, 5), 1);
+    buffer->visibleLines = 10;
+    EXPECT_EQ(ClampTopLine(*buffer, 5), 0);
+
+    EXPECT_EQ(NextPos(*buffer, MakePos(0, 2)), MakePos(0, 3));
+    EXPECT_EQ(NextPos(*buffer, MakePos(0, 3)), MakePos(1, 0));
+    EXPECT_EQ(NextPos(*buffer, MakePos(1, 0)), MakePos(2, 0));
+    EXPECT_EQ(NextPos(*buffer, MakePos(3, 4)), MakePos(3, 4));
+    EXPECT_EQ(PrevPos(*buffer, MakePos(0, 0)), MakePos(0, 0));
+    EXPECT_EQ(PrevPos(*buffer, MakePos(3, 0)), MakePos(2, 2));
+    EXPECT_EQ(PrevPos(*buffer, MakePos(2, 0)), MakePos(1, 0));
+    EXPECT_EQ(PrevPos(*buffer, MakePos(3, 2)), MakePos(3, 1));
+}
+
+TEST_F(TextStoreTest, ReplaceLineStoresACopyAndMarksTheText) {
+    TestBuffer buffer("one\ntwo");
+    buffer->lines.modified = 0;
+    std::string text = "zwei";
+    EXPECT_EQ(ReplaceLine(*buffer, text, 1), 1);
+    text[0] = 'Z';
+    EXPECT_EQ(buffer.Text(), "one\nzwei");
+    EXPECT_EQ(buffer->lines.modified, 1);
+    EXPECT_EQ(ReplaceLine(*buffer, "x", 2), 0);
+}
+
+TEST_F(TextStoreTest, AllocationFailureChangesNothing) {
+    TestBuffer buffer("abc\ndef");
+    editor.settings.allocator.limitBytes = editor.settings.allocator.totalBytes;
+    EXPECT_EQ(InsertText(*buffer, "x\ny\nz", 0, 1), 0);
+    EXPECT_EQ(InsertText(*buffer, "x", 0, 1), 0);
+    EXPECT_EQ(DeleteRange(*buffer, MakePos(0, 1), MakePos(1, 1)), 0);
+    EXPECT_EQ(GetRangeText(*buffer, MakePos(0, 0), MakePos(1, 0), false), nullptr);
+    editor.settings.allocator.limitBytes = -1;
+    EXPECT_EQ(buffer.Text(), "abc\ndef");
+    EXPECT_EQ(host.boxes.size(), 4u);
+}
+
+TEST_F(TextStoreTest, LineStringHelpersEditInPlace) {
+    char text[256] = "abcdef";
+    DeleteLeadingChars(text, 2);
+    EXPECT_STREQ(text, "cdef");
+    OpenGap(text, 3);
+    text[0] = text[1] = text[2] = '-';
+    EXPECT_STREQ(text, "---cdef");
+    ReplacePrefix(text, 3, "+");
+    EXPECT_STREQ(text, "+cdef");
+    ReplacePrefix(text, 1, "[[");
+    EXPECT_STREQ(text, "[[cdef");
+
+    char line[256] = "text\r\n";
+    StripLineEnd(line);
+    EXPECT_STREQ(line, "text");
+    char noEnd[256] = "text\r";
+    StripLineEnd(noEnd);
+    EXPECT_STREQ(noEnd, "text\r");
+    char crs[256] = "\ra\rb\r";
+    RemoveCR(crs);
+    EXPECT_STREQ(crs, "ab");
+
+    char target[256] = "body";
+    EXPECT_EQ(CopyIndent(target, " \t \vcode", 3), 3);
+    EXPECT_STREQ(target, " \t body");
+    char other[256] = "x";
+    EXPECT_EQ(CopyIndent(other, "code", 8), 0);
+    EXPECT_STREQ(other, "x");
+}
+
+} // namespace
+} // namespace ruvo
