@@ -1,0 +1,44 @@
+// The common open and save dialogs and the filter they offer.
+#include "docs/file_dialogs.h"
+
+#include "engine/edit_buffer.h"
+#include "engine/editor.h"
+#include "host/host.h"
+#include "lang/language_state.h"
+#include "settings/path_names.h"
+
+namespace ruvo {
+
+void buildFileDialogFilter() {
+    Editor& editor = TheEditor();
+    const EditBuffer* current = editor.engine.currentBuffer;
+    const LanguageDef* first =
+        current != nullptr && !current->IsClosed() ? current->language : nullptr;
+    std::string filter;
+    if (first != nullptr) filter += first->filter;
+    for (const LanguageDef& language : editor.languages.table) {
+        if (&language == first) continue;
+        if (std::string_view(language.name).empty() || std::string_view(language.filter).empty())
+            continue;
+        filter += language.filter;
+    }
+    editor.documents.fileDialogFilter = std::move(filter);
+}
+
+std::optional<FileDialogChoice> fileDialog(bool save, std::string_view title,
+                                           std::string_view initialName) {
+    DocumentState& documents = TheEditor().documents;
+    FileDialogRequest request;
+    request.save = save;
+    request.title = std::string(title);
+    request.filter = documents.fileDialogFilter;
+    request.initialName = std::string(initialName.substr(0, 254));
+    request.initialDirectory = documents.lastDialogDirectory;
+    std::optional<FileDialogResult> result = TheEditor().host.FileDialog(request);
+    if (!result || result->fileName.empty()) return std::nullopt;
+    if (std::optional<std::string> directory = DirectoryPart(result->fileName))
+        documents.lastDialogDirectory = *directory;
+    return FileDialogChoice{result->fileName, result->readOnly};
+}
+
+} // namespace ruvo

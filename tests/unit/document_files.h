@@ -1,0 +1,62 @@
+// Helpers of the document tests: a private temporary folder, file contents, buffer lines.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "engine/edit_buffer.h"
+#include "engine/editor.h"
+
+namespace ruvo {
+
+class TempFolder {
+public:
+    TempFolder() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "ruvo-docs-XXXXXX").string();
+        path_ = mkdtemp(pattern.data());
+    }
+    ~TempFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+
+    std::string File(const std::string& name) const { return path_ + "/" + name; }
+
+private:
+    std::string path_;
+};
+
+inline void WriteBytes(const std::string& path, const std::string& bytes) {
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    out << bytes;
+}
+
+inline std::string ReadBytes(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream bytes;
+    bytes << in.rdbuf();
+    return bytes.str();
+}
+
+inline std::vector<std::string> LinesOf(const EditBuffer& buffer) {
+    std::vector<std::string> lines;
+    for (int32_t i = 0; i < buffer.lines.lineCount; ++i) lines.emplace_back(buffer.lines.lineText[i]);
+    return lines;
+}
+
+// Moves the file's modification time by `seconds` from now.
+inline void TouchLater(const std::string& path, int seconds) {
+    const auto now = std::filesystem::file_time_type::clock::now();
+    std::filesystem::last_write_time(path, now + std::chrono::seconds(seconds));
+}
+
+inline EditBuffer* Current() { return TheEditor().engine.currentBuffer; }
+
+} // namespace ruvo

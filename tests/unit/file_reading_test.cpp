@@ -1,0 +1,97 @@
+// Reading files into buffers: pieces of 254 characters, line ends, the size check.
+#include <string>
+#include <vector>
+
+#include "docs/documents.h"
+#include "document_files.h"
+#include "editor_fixture.h"
+
+namespace ruvo {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class FileReadingTest : public EditorTest {
+protected:
+    // Opens a file holding `bytes` and returns the new buffer's lines.
+    Lines Load(const std::string& bytes, const std::string& name = "in.vhd") {
+        const std::string path = folder.File(name);
+        WriteBytes(path, bytes);
+        EXPECT_EQ(openFile(path, 0, 0, KindDocument), 0);
+        return Current() != nullptr ? LinesOf(*Current()) : Lines{};
+    }
+    TempFolder folder;
+};
+
+TEST_F(FileReadingTest, LineEndsAndTheFinalEmptyLine) {
+    EXPECT_EQ(Load("a\r\nb\r\n"), (Lines{"a", "b", ""}));
+    EXPECT_EQ(Load("a\r\nb", "2.vhd"), (Lines{"a", "b"}));
+    EXPECT_EQ(Load("a\nb\n", "3.vhd"), (Lines{"a", "b", ""}));
+    EXPECT_EQ(Load("", "4.vhd"), (Lines{""}));
+    EXPECT_EQ(Load("\n", "5.vhd"), (Lines{"", ""}));
+    EXPECT_TRUE(host.boxes.empty()) << host.ErrorBoxTexts();
+}
+
+TEST_F(FileReadingTest, OnlyLineEndCarriageReturnsAreDroppedAndTabsStay) {
+    EXPECT_EQ(Load("x\ty\r\n\tz\r\r\nmid\rdle"), (Lines{"x\ty", "\tz\r", "mid\rdle"}));
+    EXPECT_EQ(Current()->lines.modified, 0);
+    EXPECT_EQ(host.busyCursorDepth, 0);
+}
+
+TEST_F(FileReadingTest, LongLinesAreSplitIntoPiecesOf254) {
+    const std::string longLine(300, 'q');
+    EXPECT_EQ(Load(longLine + "\r\nend"), (Lines{std::string(254, 'q'), std::string(46, 'q'), "end"}));
+    const std::string exact(254, 'e');
+    // A piece of exactly 254 characters leaves its line end to a piece of its own.
+    EXPECT_EQ(Load(exact + "\nx", "exact.vhd"), (Lines{exact, "", "x"}));
+    const std::string withCR(253, 'c');
+    EXPECT_EQ(Load(withCR + "\r\n", "cr.vhd"), (Lines{withCR, "", ""}));
+}
+
+TEST_F(FileReadingTest, NulByteGivesTheSizeMessageAndKeepsTheText) {
+    const std::string path = folder.File("nul.bin");
+    // Like a C line reader, the piece "ab\0cd\n" counts as "ab" without a line end.
+    Load(std::string("ab\0cd\nef\n", 9), "nul.bin");
+    ASSERT_EQ(host.boxes.size(), 1u);
+    EXPECT_EQ(host.boxes[0].text, "Error(s) reading file '" + path +
+                                      "'.\nExpected 9 bytes, actually read 5 bytes.");
+    EXPECT_EQ(host.boxes[0].kind, 0);
+    EXPECT_EQ(LinesOf(*Current()), (Lines{"ab", "ef", ""}));
+    EXPECT_EQ(host.busyCursorDepth, 0);
+}
+
+TEST_F(FileReadingTest, BinaryFileOpensWithAMessageAndEveryLineWithinLimits) {
+    std::string bytes;
+    for (int i = 0; i < 4096; ++i) bytes += static_cast<char>((i * 7 + 3) % 256);
+    const Lines lines = Load(bytes, "blob.bin");
+    ASSERT_EQ(host.boxes.size(), 1u);
+    EXPECT_NE(host.boxes[0].text.find("Expected 4096 bytes"), std::string::npos);
+    for (const std::string& line : lines) {
+        EXPECT_LE(line.size(), 254u);
+        EXPECT_EQ(line.find('\n'), std::string::npos);
+    }
+}
+
+TEST_F(FileReadingTest, UnreadableFileStillOpensAnEmptyBuffer) {
+    // A folder exists, so no question is asked, but it cannot be read as a file.
+    const std::string path = folder.File("sub");
+    std::filesystem::create_directory(path);
+    EXPECT_EQ(openFile(path, 0, 0, KindDocument), 0);
+    ASSERT_NE(Current(), nullptr);
+    EXPECT_EQ(LinesOf(*Current()), (Lines{""}));
+    EXPECT_EQ(Current()->fileName, path);
+}
+
+TEST_F(FileReadingTest, FileTimeIsTheModificationTime) {
+    const std::string path = folder.File("t.vhd");
+    WriteBytes(path, "x");
+    TouchLater(path, 1000);
+    ASSERT_EQ(openFile(path, 0, 0, KindDocument), 0);
+    const auto stamp = std::filesystem::last_write_time(path);
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(
+        std::chrono::file_clock::to_sys(stamp).time_since_epoch());
+    EXPECT_EQ(Current()->fileTime, static_cast<int32_t>(seconds.count()));
+}
+
+} // namespace
+} // namespace ruvo
