@@ -1,0 +1,85 @@
+// A real edit buffer built from text for tests of the editing commands, freed with the test.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/edit_buffer.h"
+#include "engine/editor.h"
+#include "engine/line_list.h"
+#include "engine/transaction_log.h"
+
+namespace ruvo {
+
+class TestBuffer {
+public:
+    // Lines are split at line feeds; the buffer becomes the current one unless told not to.
+    explicit TestBuffer(std::string_view text, bool makeCurrent = true) {
+        buffer_.lines.growBy = 1000;
+        buffer_.visibleLines = 20;
+        buffer_.visibleColumns = 80;
+        size_t from = 0;
+        for (;;) {
+            const size_t lf = text.find('\n', from);
+            const std::string_view line = text.substr(from, lf == std::string_view::npos
+                                                                 ? std::string_view::npos
+                                                                 : lf - from);
+            EXPECT_EQ(AppendLine(&buffer_.lines, line), 0);
+            if (lf == std::string_view::npos) break;
+            from = lf + 1;
+        }
+        EXPECT_EQ(InitTransactionLog(buffer_), 1);
+        if (makeCurrent) TheEditor().engine.currentBuffer = &buffer_;
+    }
+    TestBuffer(const TestBuffer&) = delete;
+    TestBuffer& operator=(const TestBuffer&) = delete;
+    ~TestBuffer() {
+        ClearTransactionLog(buffer_);
+        ClearLineList(&buffer_.lines);
+        if (TheEditor().engine.currentBuffer == &buffer_) TheEditor().engine.currentBuffer = nullptr;
+    }
+
+    EditBuffer& operator*() { return buffer_; }
+    EditBuffer* operator->() { return &buffer_; }
+    EditBuffer* get() { return &buffer_; }
+
+    // The text with line feeds between lines.
+    std::string Text() const {
+        std::string text;
+        for (int32_t i = 0; i < buffer_.lines.lineCount; ++i) {
+            if (i > 0) text += '\n';
+            text += buffer_.lines.lineText[i];
+        }
+        return text;
+    }
+
+    // Puts the caret (and the anchor) somewhere without recording anything.
+    void PlaceCaret(int32_t line, int32_t column) {
+        buffer_.cursor = MakePos(line, column);
+        buffer_.anchor = buffer_.cursor;
+    }
+
+    // A selection as the display code leaves it: ordered ends, the flag, the caret at the end.
+    void Select(TextPos from, TextPos to) {
+        buffer_.anchor = from;
+        buffer_.cursor = to;
+        buffer_.selStart = PosLess(to, from) ? to : from;
+        buffer_.selEnd = PosLess(to, from) ? from : to;
+        buffer_.lines.hasSelection = from == to ? 0 : 1;
+    }
+
+    // Number of records in the log after the sentinel.
+    int LoggedTransactions() const {
+        int count = 0;
+        for (const Transaction* t = buffer_.undoHead; t != nullptr; t = t->next) ++count;
+        return count > 0 ? count - 1 : 0;
+    }
+
+private:
+    EditBuffer buffer_;
+};
+
+} // namespace ruvo
