@@ -1,0 +1,260 @@
+// The language table: loading and saving its profile sections, choosing a language for a file
+// name, and backing the table up for the language dialog.
+#include "lang/language_table.h"
+
+#include <string>
+#include <vector>
+
+#include "lang/language_io.h"
+#include "settings/error_report.h"
+
+#include "editor_fixture.h"
+#include "language_test_files.h"
+
+namespace ruvo {
+namespace {
+
+class LanguageTableTest : public EditorTest {
+protected:
+    // Named languages with extension lists, no options files.
+    void Languages(const std::vector<std::pair<std::string, std::string>>& entries) {
+        for (size_t i = 0; i < entries.size(); ++i) {
+            host.SetProfile("Languages", std::to_string(i + 1), entries[i].first);
+            host.SetProfile(entries[i].first, "Extension", entries[i].second);
+        }
+        LoadLanguages();
+    }
+    std::string LanguageOf(std::string_view file) {
+        const LanguageDef* language = languageForFile(file);
+        return language == nullptr ? "(null)" : language->name;
+    }
+};
+
+TEST_F(LanguageTableTest, MissingKeysTakeTheirDefaults) {
+    host.SetProfile("Languages", "1", "VHDL");
+    LoadLanguages();
+
+    EXPECT_EQ(UsedLanguageCount(), 2);
+    const LanguageDef& none = LanguageEntry(0);
+    EXPECT_EQ(none.name, "None");
+    EXPECT_EQ(none.filter, "All files(*.*)|*.*|");
+
+    const LanguageDef& vhdl = LanguageEntry(1);
+    EXPECT_EQ(vhdl.name, "VHDL");
+    EXPECT_EQ(vhdl.optionsFile, "");
+    EXPECT_EQ(vhdl.filter, ""); // only "None" gets a default filter
+    EXPECT_EQ(vhdl.extensions, "");
+    EXPECT_EQ(vhdl.lineComment, "");
+    EXPECT_TRUE(vhdl.caseSensitive);
+    EXPECT_EQ(vhdl.text.color, MakeColor(0, 0, 0));
+    EXPECT_EQ(vhdl.text.typeface, 0);
+    EXPECT_EQ(vhdl.comment.color, MakeColor(0, 128, 0));
+    EXPECT_EQ(vhdl.comment.typeface, 2);
+    EXPECT_EQ(vhdl.strings.color, MakeColor(0, 0, 255));
+    EXPECT_EQ(vhdl.strings.typeface, 1);
+    EXPECT_EQ(vhdl.expander.color, MakeColor(0, 0, 255));
+    EXPECT_EQ(vhdl.expander.typeface, 0);
+    EXPECT_EQ(vhdl.groups[0].attribute.color, MakeColor(255, 0, 0));
+    EXPECT_EQ(vhdl.groups[0].attribute.typeface, 1);
+    EXPECT_EQ(vhdl.groups[1].attribute.color, MakeColor(0, 0, 255));
+    EXPECT_EQ(vhdl.groups[1].attribute.typeface, 3);
+    EXPECT_EQ(vhdl.groups[2].attribute.color, MakeColor(0, 128, 0));
+    EXPECT_EQ(vhdl.groups[2].attribute.typeface, 0);
+    EXPECT_EQ(vhdl.groups[4].attribute.color, MakeColor(0, 0, 0));
+    EXPECT_EQ(vhdl.expanderNames.Count(), 0);
+    EXPECT_FALSE(HasStartupErrors()); // an empty File is no error
+
+    for (int i = 2; i < LanguageCount; ++i) EXPECT_FALSE(LanguageEntry(i).IsUsed()) << i;
+}
+
+TEST_F(LanguageTableTest, EveryKeyIsReadAndCutToItsLimit) {
+    host.SetProfile("Languages", "1", "Verilog");
+    host.SetProfile("None", "Filter", "Text|*.txt|");
+    host.SetProfile("Verilog", "CaseSensitive", "no");
+    host.SetProfile("Verilog", "LineComment", "////");
+    host.SetProfile("Verilog", "BeginComment", "/*");
+    host.SetProfile("Verilog", "EndComment", "*/");
+    host.SetProfile("Verilog", "Extension", std::string(100, 'v'));
+    host.SetProfile("Verilog", "Filter", "Verilog|*.v|");
+    host.SetProfile("Verilog", "TextColor", "1 2 3");
+    host.SetProfile("Verilog", "TextTypeFace", "4");
+    host.SetProfile("Verilog", "CommentColor", "10 20 30");
+    host.SetProfile("Verilog", "StringsTypeFace", "0");
+    host.SetProfile("Verilog", "ExpanderColor", "7 8 9");
+    host.SetProfile("Verilog", "ExpanderTypeFace", "6");
+    LoadLanguages();
+
+    EXPECT_EQ(LanguageEntry(0).filter, "Text|*.txt|");
+    const LanguageDef& verilog = LanguageEntry(1);
+    EXPECT_FALSE(verilog.caseSensitive);
+    EXPECT_EQ(verilog.lineComment, "///");
+    EXPECT_EQ(verilog.beginComment, "/*");
+    EXPECT_EQ(verilog.endComment, "*/");
+    EXPECT_EQ(verilog.extensions, std::string(79, 'v'));
+    EXPECT_EQ(verilog.filter, "Verilog|*.v|");
+    EXPECT_EQ(verilog.text.color, MakeColor(1, 2, 3));
+    EXPECT_EQ(verilog.text.typeface, 4);
+    EXPECT_EQ(verilog.comment.color, MakeColor(10, 20, 30));
+    EXPECT_EQ(verilog.comment.typeface, 2);
+    EXPECT_EQ(verilog.strings.typeface, 0);
+    EXPECT_EQ(verilog.expander.color, MakeColor(7, 8, 9));
+    EXPECT_EQ(verilog.expander.typeface, 6);
+}
+
+TEST_F(LanguageTableTest, OptionsFilePathIsExpandedAndAMissingFileIsReported) {
+    host.SetProfile("Languages", "1", "VHDL");
+    host.SetProfile("VHDL", "File", "$INSTALL\\nowhere\\vhdl.lsf");
+    host.SetProfile("VHDL", "Color1", "1 1 1");
+    LoadLanguages();
+
+    const LanguageDef& vhdl = LanguageEntry(1);
+    EXPECT_EQ(vhdl.optionsFile, "C:\\ruvo\\nowhere\\vhdl.lsf");
+    // The language exists with what was read before the file was needed.
+    EXPECT_EQ(vhdl.name, "VHDL");
+    EXPECT_EQ(vhdl.groups[0].attribute.color, MakeColor(255, 0, 0));
+    ASSERT_TRUE(HasStartupErrors());
+    const LineList* log = editor.settings.startupErrors.lines;
+    ASSERT_NE(log, nullptr);
+    EXPECT_STREQ(log->lineText[log->lineCount - 1],
+                 "Error 2: Cannot open Language Options File file 'C:\\ruvo\\nowhere\\vhdl.lsf'.");
+    EXPECT_EQ(editor.settings.startupErrors.errorCount, 1);
+}
+
+TEST_F(LanguageTableTest, SaveWritesEveryKeyInItsOrderAndEmptiesTheRestOfTheList) {
+    host.SetProfile("Languages", "1", "VHDL");
+    host.SetProfile("VHDL", "CaseSensitive", "no");
+    host.SetProfile("VHDL", "LineComment", "--");
+    host.SetProfile("VHDL", "Extension", "vhd,vhdl");
+    host.SetProfile("VHDL", "Color3", "9 9 9");
+    LoadLanguages();
+    host.profileWrites.clear();
+
+    SaveLanguages();
+
+    const std::vector<std::string> vhdl = {
+        "[Languages] 1=VHDL",
+        "[VHDL] File=",
+        "[VHDL] CaseSensitive=no",
+        "[VHDL] BeginComment=",
+        "[VHDL] EndComment=",
+        "[VHDL] LineComment=--",
+        "[VHDL] TextColor=0 0 0",
+        "[VHDL] TextTypeFace=0",
+        "[VHDL] CommentColor=0 128 0",
+        "[VHDL] CommentTypeFace=2",
+        "[VHDL] StringsColor=0 0 255",
+        "[VHDL] StringsTypeFace=1",
+        "[VHDL] ExpanderColor=0 0 255",
+        "[VHDL] ExpanderTypeFace=0",
+        "[VHDL] Color1=255 0 0",
+        "[VHDL] Typeface1=1",
+        "[VHDL] Color2=0 0 255",
+        "[VHDL] Typeface2=3",
+        // An empty File means the group colours were never read: they stay at their defaults.
+        "[VHDL] Color3=0 128 0",
+        "[VHDL] Typeface3=0",
+        "[VHDL] Color4=0 0 0",
+        "[VHDL] Typeface4=0",
+        "[VHDL] Color5=0 0 0",
+        "[VHDL] Typeface5=0",
+        "[VHDL] Extension=vhd,vhdl",
+        "[VHDL] Filter=",
+    };
+    const std::vector<std::string>& writes = host.profileWrites;
+    ASSERT_EQ(writes.size(), 2 * vhdl.size() + 4);
+    EXPECT_EQ(writes[0], "[Languages] 0=None");
+    EXPECT_EQ(writes[1], "[None] File=");
+    EXPECT_EQ(writes[vhdl.size() - 1], "[None] Filter=All files(*.*)|*.*|");
+    EXPECT_EQ(std::vector<std::string>(writes.begin() + vhdl.size(), writes.end() - 4), vhdl);
+    EXPECT_EQ(std::vector<std::string>(writes.end() - 4, writes.end()),
+              (std::vector<std::string>{"[Languages] 2=", "[Languages] 3=", "[Languages] 4=",
+                                        "[Languages] 5="}));
+}
+
+TEST_F(LanguageTableTest, SavedTableLoadsBackTheSame) {
+    host.SetProfile("Languages", "1", "A");
+    host.SetProfile("Languages", "2", "B");
+    host.SetProfile("A", "Extension", "a");
+    host.SetProfile("B", "Extension", "b,bb");
+    host.SetProfile("B", "CaseSensitive", "no");
+    host.SetProfile("B", "StringsColor", "12 34 56");
+    LoadLanguages();
+    LanguageEntry(2).groups[3].attribute = {5, MakeColor(1, 2, 3)};
+    SaveLanguages();
+    LanguageEntry(2).name.clear();
+
+    LoadLanguages();
+    const LanguageDef& b = LanguageEntry(2);
+    EXPECT_EQ(b.name, "B");
+    EXPECT_EQ(b.extensions, "b,bb");
+    EXPECT_FALSE(b.caseSensitive);
+    EXPECT_EQ(b.strings.color, MakeColor(12, 34, 56));
+    EXPECT_EQ(b.groups[3].attribute.typeface, 0); // not read back: this language has no File
+    EXPECT_EQ(UsedLanguageCount(), 3);
+}
+
+TEST_F(LanguageTableTest, LastExtensionMustMatchExactlyOthersArePrefixes) {
+    Languages({{"VHDL", "vhd,vhdl"}, {"Verilog", "vh,v"}, {"Text", ",txt"}});
+
+    EXPECT_EQ(LanguageOf("a.vhd"), "VHDL");
+    EXPECT_EQ(LanguageOf("a.vhdl"), "VHDL");
+    EXPECT_EQ(LanguageOf("a.vhdx"), "VHDL"); // vhd is followed by a comma: a prefix
+    EXPECT_EQ(LanguageOf("a.VHD"), "None");  // case matters
+    EXPECT_EQ(LanguageOf("a.v"), "Verilog");
+    EXPECT_EQ(LanguageOf("a.vh"), "Verilog");
+    EXPECT_EQ(LanguageOf("a.vo"), "None");   // the last item "v" is exact
+    EXPECT_EQ(LanguageOf("a.txt"), "Text");  // an empty item matches nothing
+    EXPECT_EQ(LanguageOf("a.tx"), "None");
+    EXPECT_EQ(LanguageOf("Makefile"), "None");
+    EXPECT_EQ(LanguageOf(""), "None");
+    EXPECT_EQ(LanguageOf("a."), "None");
+    // The extension starts at the first dot of the last path component.
+    EXPECT_EQ(LanguageOf("c:\\my.dir/top.vhd"), "VHDL");
+    EXPECT_EQ(LanguageOf("c:\\src.v\\top"), "None");
+    EXPECT_EQ(LanguageOf("top.v.bak"), "None");
+    EXPECT_EQ(LanguageOf("top.vhd.bak"), "VHDL");
+    EXPECT_EQ(languageForFile("x.vhd"), &LanguageEntry(1));
+}
+
+TEST_F(LanguageTableTest, SingleElementListIsExactAndTheFirstMatchingLanguageWins) {
+    Languages({{"Short", "vhd"}, {"Long", "vhd,vhdx"}});
+    EXPECT_EQ(LanguageOf("a.vhdl"), "Long"); // only through the prefix rule of "Long"
+    EXPECT_EQ(LanguageOf("a.vhd"), "Short");
+}
+
+TEST_F(LanguageTableTest, RestoreBringsBackNamesColoursAndKeywords) {
+    Languages({{"VHDL", "vhd"}, {"Verilog", "v"}});
+    ASSERT_TRUE(LanguageEntry(1).groups[0].words.Append("entity"));
+    BackupLanguageTable();
+
+    // What the dialog does: edit in place, insert a copy of "None", delete another.
+    LanguageEntry(1).text.color = MakeColor(1, 1, 1);
+    LanguageEntry(1).groups[0].words.Clear();
+    LanguageEntry(3) = LanguageEntry(2);
+    LanguageEntry(2) = LanguageEntry(0);
+    LanguageEntry(2).name = "New";
+    EXPECT_EQ(UsedLanguageCount(), 4);
+
+    RestoreLanguageTable();
+    EXPECT_EQ(UsedLanguageCount(), 3);
+    EXPECT_EQ(LanguageEntry(1).name, "VHDL");
+    EXPECT_EQ(LanguageEntry(1).text.color, MakeColor(0, 0, 0));
+    ASSERT_EQ(LanguageEntry(1).groups[0].words.Count(), 1);
+    EXPECT_STREQ(LanguageEntry(1).groups[0].words[0], "entity");
+    EXPECT_EQ(LanguageEntry(2).name, "Verilog");
+    EXPECT_FALSE(LanguageEntry(3).IsUsed());
+    EXPECT_EQ(LanguageOf("a.v"), "Verilog");
+}
+
+TEST_F(LanguageTableTest, IndexOfAnEntry) {
+    EXPECT_EQ(LanguageIndex(&LanguageEntry(4)), 4);
+    EXPECT_EQ(LanguageIndex(nullptr), -1);
+    LanguageDef outside;
+    EXPECT_EQ(LanguageIndex(&outside), -1);
+    // Before anything is loaded the table already has its "None" entry.
+    EXPECT_EQ(LanguageEntry(0).name, "None");
+    EXPECT_EQ(languageForFile("a.vhd"), &LanguageEntry(0));
+}
+
+} // namespace
+} // namespace ruvo
