@@ -1,0 +1,132 @@
+// Copy, cut, paste and clear between buffers and the platform clipboard.
+#include "engine/clipboard_commands.h"
+
+#include <string>
+
+#include "buffer_builder.h"
+#include "editor_fixture.h"
+#include "engine/editing_commands.h"
+
+namespace ruvo {
+namespace {
+
+using ClipboardTest = EditorTest;
+
+TEST_F(ClipboardTest, CopyJoinsLinesWithCarriageReturnLineFeed) {
+    TestBuffer buffer("alpha\nbeta\ngamma");
+    buffer.Select(MakePos(0, 2), MakePos(0, 4));
+    EditCopy();
+    EXPECT_EQ(host.clipboard, "ph");
+
+    buffer.Select(MakePos(0, 3), MakePos(2, 2));
+    EditCopy();
+    EXPECT_EQ(host.clipboard, "ha\r\nbeta\r\nga");
+
+    // A selection ending at column 0 brings the last line end and nothing after it.
+    buffer.Select(MakePos(1, 0), MakePos(2, 0));
+    EditCopy();
+    EXPECT_EQ(host.clipboard, "beta\r\n");
+    EXPECT_EQ(buffer.Text(), "alpha\nbeta\ngamma");
+    EXPECT_EQ(buffer.LoggedTransactions(), 0);
+}
+
+TEST_F(ClipboardTest, CopyPutsReversedEndsInOrder) {
+    TestBuffer buffer("one\ntwo");
+    buffer.Select(MakePos(0, 1), MakePos(1, 2));
+    SwapPos(buffer->selStart, buffer->selEnd);
+    EditCopy();
+    EXPECT_EQ(host.clipboard, "ne\r\ntw");
+    EXPECT_EQ(buffer->selStart, MakePos(0, 1));
+    EXPECT_EQ(buffer->selEnd, MakePos(1, 2));
+}
+
+TEST_F(ClipboardTest, CutMovesTheSelectionToTheClipboard) {
+    TestBuffer buffer("keep this part\nand that");
+    buffer.Select(MakePos(0, 4), MakePos(1, 3));
+    EditCut();
+    EXPECT_EQ(host.clipboard, " this part\r\nand");
+    EXPECT_EQ(buffer.Text(), "keep that");
+    EXPECT_EQ(buffer->cursor, MakePos(0, 4));
+    EXPECT_EQ(buffer->lines.hasSelection, 0);
+    EditUndo();
+    EXPECT_EQ(buffer.Text(), "keep this part\nand that");
+}
+
+TEST_F(ClipboardTest, PasteTurnsEveryLineEndIntoALineOfTheBuffer) {
+    TestBuffer buffer("<>\nend");
+    buffer.PlaceCaret(0, 1);
+    host.clipboard = "one\r\ntwo\r\nthree";
+    EXPECT_EQ(EditPaste(), 0);
+    EXPECT_EQ(buffer.Text(), "<one\ntwo\nthree>\nend");
+    EXPECT_EQ(buffer->cursor, MakePos(2, 5));
+    EXPECT_EQ(buffer.LoggedTransactions(), 1);
+    for (int32_t i = 0; i < buffer->lines.lineCount; ++i)
+        EXPECT_EQ(std::string(buffer->lines.lineText[i]).find('\r'), std::string::npos);
+
+    // A lone carriage return goes too, and the text ends at a NUL as CF_TEXT does.
+    buffer.PlaceCaret(3, 3);
+    host.clipboard = std::string("x\ry\0ignored", 11);
+    EditPaste();
+    EXPECT_EQ(buffer.Text(), "<one\ntwo\nthree>\nendxy");
+    EXPECT_EQ(buffer->cursor, MakePos(3, 5));
+}
+
+TEST_F(ClipboardTest, PasteReplacesTheSelectionInTwoSteps) {
+    TestBuffer buffer("replace ME please");
+    buffer.Select(MakePos(0, 8), MakePos(0, 10));
+    host.clipboard = "you";
+    EditPaste();
+    EXPECT_EQ(buffer.Text(), "replace you please");
+    EXPECT_EQ(buffer->cursor, MakePos(0, 11));
+    EXPECT_EQ(buffer->lines.hasSelection, 0);
+    EditUndo();
+    EXPECT_EQ(buffer.Text(), "replace  please");
+    EditUndo();
+    EXPECT_EQ(buffer.Text(), "replace ME please");
+}
+
+TEST_F(ClipboardTest, PasteWithNothingOnTheClipboardDoesNothing) {
+    TestBuffer buffer("text");
+    buffer.PlaceCaret(0, 2);
+    EXPECT_EQ(EditPaste(), 1);
+    EXPECT_EQ(buffer.Text(), "text");
+    EXPECT_EQ(buffer.LoggedTransactions(), 0);
+}
+
+TEST_F(ClipboardTest, APasteThatMakesALineTooLongIsRefusedWhole) {
+    TestBuffer buffer(std::string(200, 'a') + "\nshort");
+    buffer.PlaceCaret(0, 100);
+    // The first line would fit; the last, 156 bytes before the old 100, would not.
+    host.clipboard = "fits\r\n" + std::string(156, 'b');
+    EditPaste();
+    EXPECT_EQ(buffer.Text(), std::string(200, 'a') + "\nshort");
+    ASSERT_EQ(host.boxes.size(), 1u);
+    EXPECT_EQ(host.boxes[0].text,
+              "Transaction ignored because\nresulting line would become too long. ");
+}
+
+TEST_F(ClipboardTest, ClearDeletesTheSelectionWithoutTouchingTheClipboard) {
+    TestBuffer buffer("abcdef");
+    host.clipboard = "untouched";
+    buffer.Select(MakePos(0, 1), MakePos(0, 4));
+    EditClear();
+    EXPECT_EQ(buffer.Text(), "aef");
+    EXPECT_EQ(host.clipboard, "untouched");
+    EXPECT_EQ(buffer->cursor, MakePos(0, 1));
+}
+
+TEST_F(ClipboardTest, PasteStateFollowsTheClipboardWithoutGreyingAnyRow) {
+    TestBuffer buffer("abc");
+    buffer.Select(MakePos(0, 0), MakePos(0, 2));
+    host.enableCalls.clear();
+    EditCopy();
+    UpdatePasteState();
+    // No row needs clipboard text, so Paste stays available even with an empty clipboard.
+    EXPECT_TRUE(host.enableCalls.empty());
+    host.clipboard.reset();
+    UpdatePasteState();
+    EXPECT_TRUE(host.enableCalls.empty());
+}
+
+} // namespace
+} // namespace ruvo
