@@ -25,10 +25,18 @@ std::string MakeConfigFile() {
     std::string content;
     for (int i = 0; i < ConfigLines; ++i) {
         switch (i % 5) {
-        case 0: content += "# group " + std::to_string(i) + "\r\n"; break;
-        case 1: content += "\r\n"; break;
-        case 2: content += "; comment line with some words in it\n"; break;
-        default: content += "Ctrl+Shift+F" + std::to_string(i % 12) + " VsystemVHDL\r\n"; break;
+        case 0:
+            content += "# group " + std::to_string(i) + "\r\n";
+            break;
+        case 1:
+            content += "\r\n";
+            break;
+        case 2:
+            content += "; comment line with some words in it\n";
+            break;
+        default:
+            content += "Ctrl+Shift+F" + std::to_string(i % 12) + " VsystemVHDL\r\n";
+            break;
         }
     }
     return content;
@@ -49,9 +57,15 @@ std::vector<std::string> PathValues() {
     std::vector<std::string> values;
     for (int i = 0; i < PathCount; ++i) {
         switch (i % 3) {
-        case 0: values.push_back("$INSTALL\\templates\\file" + std::to_string(i) + ".tpl"); break;
-        case 1: values.push_back("$LIB/ieee/std_logic_" + std::to_string(i) + ".vhd"); break;
-        default: values.push_back("$HOME/$LIB/work" + std::to_string(i)); break;
+        case 0:
+            values.push_back("$INSTALL\\templates\\file" + std::to_string(i) + ".tpl");
+            break;
+        case 1:
+            values.push_back("$LIB/ieee/std_logic_" + std::to_string(i) + ".vhd");
+            break;
+        default:
+            values.push_back("$HOME/$LIB/work" + std::to_string(i));
+            break;
         }
     }
     return values;
@@ -62,7 +76,8 @@ void PlainLineRead(benchmark::State& state) {
     for (auto _ : state) {
         std::FILE* file = ConfigFile();
         long count = 0;
-        while (std::fgets(buffer, LineCapacity, file) != nullptr) ++count;
+        while (std::fgets(buffer, LineCapacity, file) != nullptr)
+            ++count;
         benchmark::DoNotOptimize(count);
     }
     state.SetItemsProcessed(state.iterations() * ConfigLines);
@@ -73,7 +88,8 @@ void MeaningfulLineRead(benchmark::State& state) {
     for (auto _ : state) {
         std::FILE* file = ConfigFile();
         long count = 0;
-        while (std::optional<std::string> line = ReadMeaningfulLine(file, LineCapacity)) ++count;
+        while (std::optional<std::string> line = ReadMeaningfulLine(file, LineCapacity))
+            ++count;
         benchmark::DoNotOptimize(count);
     }
     state.SetItemsProcessed(state.iterations() * ConfigLines);
@@ -108,9 +124,10 @@ BENCHMARK(PathExpansion)->Unit(benchmark::kMillisecond);
 
 // The console report, then each measured figure as a ratio against its plain baseline.
 class RatioReporter : public benchmark::ConsoleReporter {
-public:
+  public:
     void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs) times_[run.benchmark_name()] = run.GetAdjustedRealTime();
+        for (const Run& run : runs)
+            times_[run.benchmark_name()] = run.GetAdjustedRealTime();
         ConsoleReporter::ReportRuns(runs);
     }
     void Finalize() override {
@@ -119,7 +136,7 @@ public:
         PrintRatio("PathExpansion", "PlainPathCopy");
     }
 
-private:
+  private:
     void PrintRatio(const std::string& measured, const std::string& baseline) {
         auto m = times_.find(measured);
         auto b = times_.find(baseline);

@@ -34,7 +34,8 @@ long ByteSize(long count, long size) {
 void* Allocate(void* block, long oldCount, long count, long elementSize) {
     AllocatorStats& stats = TheEditor().settings.allocator;
     stats.lastFailed = false;
-    if (count == 0 || elementSize == 0) TheEditor().host.ErrorStream("Error in allocating memory\n");
+    if (count == 0 || elementSize == 0)
+        TheEditor().host.ErrorStream("Error in allocating memory\n");
 
     // Negative or overflowing sizes cannot be satisfied; they fail like an exhausted heap.
     const long requested = ByteSize(count, elementSize);
@@ -67,8 +68,12 @@ void* Allocate(void* block, long oldCount, long count, long elementSize) {
     return result;
 }
 
-void Release(void* block) { std::free(block); }
+void Release(void* block) {
+    std::free(block);
+}
 
-bool AllocationFailed() { return TheEditor().settings.allocator.lastFailed; }
+bool AllocationFailed() {
+    return TheEditor().settings.allocator.lastFailed;
+}
 
 } // namespace ruvo

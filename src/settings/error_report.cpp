@@ -15,7 +15,9 @@ constexpr const char* ProgramTitle = "RUVO / HDL Language Editor";
 constexpr int BannerWidth = 62;
 constexpr int LogGrowBy = 10;
 
-const char* OrNull(const char* text) { return text != nullptr ? text : "NULL"; }
+const char* OrNull(const char* text) {
+    return text != nullptr ? text : "NULL";
+}
 
 // printf-style formatting into one line of at most MaxLineLength bytes.
 template <typename... Args> std::string Format(const char* format, Args... args) {
@@ -99,6 +101,8 @@ void ReportError(int kind, const char* first, const char* second) {
     TheEditor().host.ErrorBox(nullptr, ErrorText(kind, first, second));
 }
 
-bool HasStartupErrors() { return TheEditor().settings.startupErrors.reported; }
+bool HasStartupErrors() {
+    return TheEditor().settings.startupErrors.reported;
+}
 
 } // namespace ruvo

@@ -11,7 +11,9 @@ constexpr size_t MaxBaseName = 29;
 constexpr size_t MaxDirectory = 255;
 
 // Position of the last ':', '/' or '\', or npos.
-size_t LastSeparator(std::string_view path) { return path.find_last_of(":/\\"); }
+size_t LastSeparator(std::string_view path) {
+    return path.find_last_of(":/\\");
+}
 
 } // namespace
 
@@ -49,7 +51,8 @@ std::optional<std::string> DirectoryPart(std::string_view path) {
 std::string StripTrailingSeparators(std::string_view path) {
     if (!CheckName(path)) return {};
     size_t end = path.size();
-    while (end > 0 && (path[end - 1] == '/' || path[end - 1] == '\\')) --end;
+    while (end > 0 && (path[end - 1] == '/' || path[end - 1] == '\\'))
+        --end;
     return std::string(path.substr(0, end));
 }
 

@@ -40,7 +40,8 @@ std::string VariableValue(std::string_view name) {
 
 std::string CutTo(std::string text, int capacity) {
     if (capacity <= 0) return {};
-    if (static_cast<int>(text.size()) > capacity - 1) text.resize(static_cast<size_t>(capacity) - 1);
+    if (static_cast<int>(text.size()) > capacity - 1)
+        text.resize(static_cast<size_t>(capacity) - 1);
     return text;
 }
 
@@ -70,7 +71,8 @@ bool WriteInt(std::string_view section, std::string_view key, int value) {
 }
 
 bool ReadBool(std::string_view section, std::string_view key, bool defaultValue) {
-    const std::string text = ReadString(section, key, defaultValue ? "yes" : "no", BoolTextCapacity);
+    const std::string text =
+        ReadString(section, key, defaultValue ? "yes" : "no", BoolTextCapacity);
     int number = 0;
     if (EqualsNoCase(text, "yes") || EqualsNoCase(text, "true")) return true;
     if (EqualsNoCase(text, "no") || EqualsNoCase(text, "false")) return false;
@@ -98,8 +100,8 @@ bool WriteColor(std::string_view section, std::string_view key, uint32_t color) 
     return WriteString(section, key, text);
 }
 
-std::string ReadPath(std::string_view section, std::string_view key,
-                     std::string_view defaultValue, int capacity) {
+std::string ReadPath(std::string_view section, std::string_view key, std::string_view defaultValue,
+                     int capacity) {
     const std::string text = ReadString(section, key, defaultValue, capacity);
     std::string expanded;
     if (!ExpandPathVariables(text, expanded)) return CutTo(std::string(defaultValue), capacity);
@@ -134,7 +136,8 @@ bool ExpandPathVariables(std::string_view value, std::string& out) {
         }
         const size_t start = i + 1;
         size_t end = start;
-        while (end < value.size() && value[end] != '/' && value[end] != '\\') ++end;
+        while (end < value.size() && value[end] != '/' && value[end] != '\\')
+            ++end;
         const std::string variable = VariableValue(value.substr(start, end - start));
         if (variable.empty()) {
             out.clear();

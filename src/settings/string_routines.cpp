@@ -9,29 +9,39 @@ namespace ruvo {
 
 namespace {
 
-char AsciiUpper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-char AsciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+char AsciiUpper(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+char AsciiLower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
 template <typename Change> void ChangeCase(char* text, int length, Change change) {
     if (text == nullptr) return;
     const size_t limit = length > 0 ? static_cast<size_t>(length) : std::strlen(text);
     // Never past the terminator, even when the length says more.
-    for (size_t i = 0; i < limit && text[i] != '\0'; ++i) text[i] = change(text[i]);
+    for (size_t i = 0; i < limit && text[i] != '\0'; ++i)
+        text[i] = change(text[i]);
 }
 
 } // namespace
 
 void CopyBounded(char* target, std::string_view source, int capacity) {
     if (target == nullptr || capacity <= 0) return;
-    const size_t n = source.size() < static_cast<size_t>(capacity - 1) ? source.size()
-                                                                        : static_cast<size_t>(capacity - 1);
+    const size_t n = source.size() < static_cast<size_t>(capacity - 1)
+                         ? source.size()
+                         : static_cast<size_t>(capacity - 1);
     std::memcpy(target, source.data(), n);
     target[n] = '\0';
 }
 
-void UpperCase(char* text, int length) { ChangeCase(text, length, AsciiUpper); }
+void UpperCase(char* text, int length) {
+    ChangeCase(text, length, AsciiUpper);
+}
 
-void LowerCase(char* text, int length) { ChangeCase(text, length, AsciiLower); }
+void LowerCase(char* text, int length) {
+    ChangeCase(text, length, AsciiLower);
+}
 
 std::string RepeatChar(char c, int count) {
     return count > 0 ? std::string(static_cast<size_t>(count), c) : std::string();

@@ -14,13 +14,17 @@ using AllocatorTest = EditorTest;
 TEST_F(AllocatorTest, NewBlocksAndGrownPartsAreZeroFilled) {
     auto* numbers = static_cast<int*>(Allocate(nullptr, 0, 4, sizeof(int)));
     ASSERT_NE(numbers, nullptr);
-    for (int i = 0; i < 4; ++i) EXPECT_EQ(numbers[i], 0);
-    for (int i = 0; i < 4; ++i) numbers[i] = i + 1;
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(numbers[i], 0);
+    for (int i = 0; i < 4; ++i)
+        numbers[i] = i + 1;
 
     auto* grown = static_cast<int*>(Allocate(numbers, 4, 1000, sizeof(int)));
     ASSERT_NE(grown, nullptr);
-    for (int i = 0; i < 4; ++i) EXPECT_EQ(grown[i], i + 1);
-    for (int i = 4; i < 1004; ++i) ASSERT_EQ(grown[i], 0) << i;
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(grown[i], i + 1);
+    for (int i = 4; i < 1004; ++i)
+        ASSERT_EQ(grown[i], 0) << i;
     EXPECT_FALSE(AllocationFailed());
     Release(grown);
     EXPECT_TRUE(host.boxes.empty());

@@ -17,7 +17,8 @@ std::vector<std::string> LogLines(const Editor& editor) {
     std::vector<std::string> lines;
     const LineList* list = editor.settings.startupErrors.lines;
     if (list == nullptr) return lines;
-    for (int i = 0; i < list->lineCount; ++i) lines.emplace_back(list->lineText[i]);
+    for (int i = 0; i < list->lineCount; ++i)
+        lines.emplace_back(list->lineText[i]);
     return lines;
 }
 
@@ -33,10 +34,10 @@ TEST_F(ErrorReportTest, FirstReportAddsTheBannerOnceAndEveryReportCounts) {
     ReportStartupError(ErrorCannotOpen, "menu.ini", "Menu definition");
 
     EXPECT_EQ(Title.size(), 62u);
-    EXPECT_EQ(LogLines(editor),
-              (std::vector<std::string>{Stars, Title, Stars,
-                                        "Error 2: Cannot open Language Options File file 'vhdl.lsf'.",
-                                        "Error 2: Cannot open Menu definition file 'menu.ini'."}));
+    EXPECT_EQ(LogLines(editor), (std::vector<std::string>{
+                                    Stars, Title, Stars,
+                                    "Error 2: Cannot open Language Options File file 'vhdl.lsf'.",
+                                    "Error 2: Cannot open Menu definition file 'menu.ini'."}));
     EXPECT_EQ(editor.settings.startupErrors.errorCount, 2);
     const LineList* list = editor.settings.startupErrors.lines;
     EXPECT_EQ(list->growBy, 10);

@@ -38,8 +38,7 @@ TEST(LineReaderTest, SkipsBlankAndCommentLines) {
 }
 
 TEST(LineReaderTest, RemovesOneCarriageReturnAfterTheLineFeed) {
-    EXPECT_EQ(ReadAll("a\r\r\nb\rc\n\r\n", 256),
-              (std::vector<std::string>{"a\r", "b\rc"}));
+    EXPECT_EQ(ReadAll("a\r\r\nb\rc\n\r\n", 256), (std::vector<std::string>{"a\r", "b\rc"}));
     // A lone carriage return is an empty line.
     EXPECT_EQ(ReadAll("\r\n\r\nx\n", 256), (std::vector<std::string>{"x"}));
 }

@@ -20,9 +20,9 @@ TEST_F(ProfileTest, BooleansAreReadLenientlyAndWrittenAsYesOrNo) {
     const struct {
         const char* text;
         bool expected;
-    } cases[] = {{"yes", true},  {"TRUE", true},    {"Yes", true},  {"1", true},
-                 {"2", true},    {" -7", true},     {"0", false},   {"false", false},
-                 {"No", false},  {"FALSE", false},  {"00", false}};
+    } cases[] = {{"yes", true}, {"TRUE", true},   {"Yes", true}, {"1", true},
+                 {"2", true},   {" -7", true},    {"0", false},  {"false", false},
+                 {"No", false}, {"FALSE", false}, {"00", false}};
     for (const auto& c : cases) {
         host.SetProfile("Options", "Flag", c.text);
         EXPECT_EQ(ReadBool("Options", "Flag", !c.expected), c.expected) << c.text;
@@ -141,7 +141,8 @@ TEST_F(ProfileTest, ListsReadNumberedKeysAndWriteExactlyFive) {
     WriteList("Files", {"a.vhd", "b.vhd"});
     EXPECT_EQ(host.ProfileValue("Files", "1"), "a.vhd");
     EXPECT_EQ(host.ProfileValue("Files", "2"), "b.vhd");
-    for (const char* key : {"3", "4", "5"}) EXPECT_EQ(host.ProfileValue("Files", key), "") << key;
+    for (const char* key : {"3", "4", "5"})
+        EXPECT_EQ(host.ProfileValue("Files", key), "") << key;
     EXPECT_EQ(host.ProfileValue("Files", "6"), "stale");
 
     WriteList("Files", {"1", "2", "3", "4", "5", "6", "7"});
