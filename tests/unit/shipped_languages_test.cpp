@@ -1,0 +1,173 @@
+// The shipped set-up: config/ruvo.ini's language sections with config/vhdl.lsf and
+// config/verilog.lsf, loaded for real, and how code in both languages colours.
+#include <string>
+#include <vector>
+
+#include "lang/keyword_lookup.h"
+#include "lang/language_io.h"
+#include "lang/language_table.h"
+#include "settings/error_report.h"
+#include "settings/settings_io.h"
+
+#include "editor_fixture.h"
+#include "language_test_files.h"
+
+namespace ruvo {
+namespace {
+
+class ShippedLanguagesTest : public EditorTest {
+protected:
+    ShippedLanguagesTest() {
+        EXPECT_TRUE(LoadIniIntoProfile(host, SourcePath("config/ruvo.ini")));
+        // $INSTALL\vhdl.lsf names the program folder on Windows; here the checkout's files.
+        EXPECT_EQ(host.ProfileValue("VHDL", "File"), "$INSTALL\\vhdl.lsf");
+        EXPECT_EQ(host.ProfileValue("Verilog", "File"), "$INSTALL\\verilog.lsf");
+        host.SetProfile("VHDL", "File", SourcePath("config/vhdl.lsf"));
+        host.SetProfile("Verilog", "File", SourcePath("config/verilog.lsf"));
+        LoadLanguages();
+    }
+    const LanguageDef& Vhdl() { return LanguageEntry(1); }
+    const LanguageDef& Verilog() { return LanguageEntry(2); }
+};
+
+TEST_F(ShippedLanguagesTest, ProfileNamesTwoLanguagesWithTheirFiles) {
+    EXPECT_FALSE(HasStartupErrors());
+    EXPECT_EQ(UsedLanguageCount(), 3);
+    EXPECT_EQ(LanguageEntry(0).name, "None");
+    EXPECT_EQ(LanguageEntry(0).filter, "All files(*.*)|*.*|");
+    EXPECT_EQ(Vhdl().name, "VHDL");
+    EXPECT_FALSE(Vhdl().caseSensitive);
+    EXPECT_EQ(Vhdl().lineComment, "--");
+    EXPECT_EQ(Verilog().name, "Verilog");
+    EXPECT_TRUE(Verilog().caseSensitive);
+    EXPECT_EQ(Verilog().lineComment, "//");
+    EXPECT_EQ(Verilog().beginComment, "/*");
+    EXPECT_EQ(Verilog().endComment, "*/");
+    // Every reserved word of VHDL-2008 and every keyword of Verilog-2005.
+    EXPECT_EQ(Vhdl().groups[0].words.Count(), 115);
+    EXPECT_EQ(Verilog().groups[0].words.Count(), 124);
+    EXPECT_GT(Vhdl().expanderNames.Count(), 20);
+    EXPECT_GT(Verilog().expanderNames.Count(), 10);
+}
+
+TEST_F(ShippedLanguagesTest, ExtensionsReachTheirLanguageOnly) {
+    auto nameOf = [](std::string_view file) { return languageForFile(file)->name; };
+    EXPECT_EQ(nameOf("top.vhd"), "VHDL");
+    EXPECT_EQ(nameOf("top.vhdl"), "VHDL");
+    EXPECT_EQ(nameOf("top.v"), "Verilog");
+    EXPECT_EQ(nameOf("defs.vh"), "Verilog");
+    EXPECT_EQ(nameOf("netlist.vo"), "None");
+    EXPECT_EQ(nameOf("notes.txt"), "None");
+    EXPECT_EQ(nameOf("TOP.VHD"), "None");
+    // No element of a list is caught by another language first.
+    for (int i = 1; i < UsedLanguageCount(); ++i) {
+        std::string list = LanguageEntry(i).extensions;
+        size_t start = 0;
+        while (start <= list.size()) {
+            const size_t comma = std::min(list.find(',', start), list.size());
+            const std::string element = list.substr(start, comma - start);
+            EXPECT_EQ(languageForFile("f." + element), &LanguageEntry(i)) << element;
+            start = comma + 1;
+        }
+    }
+}
+
+TEST_F(ShippedLanguagesTest, VhdlColoursAsADesignerExpects) {
+    const LanguageDef* vhdl = &Vhdl();
+    EXPECT_EQ(DescribeRuns("library ieee;", vhdl), "[library]kw1[ ]text[ieee]kw2[;]text");
+    EXPECT_EQ(DescribeRuns("use ieee.numeric_std.all;", vhdl),
+              "[use]kw1[ ]text[ieee]kw2[.]text[numeric_std]kw2[.]text[all]kw1[;]text");
+    EXPECT_EQ(DescribeRuns("  signal count : unsigned(7 downto 0) := (others => '0'); -- counter",
+                           vhdl),
+              "[  ]text[signal]kw1[ count : ]text[unsigned]kw2[(7 ]text[downto]kw1[ 0) := (]text"
+              "[others]kw1[ => ]text['0']string[); ]text[-- counter]comment");
+    EXPECT_EQ(DescribeRuns("    if rising_edge(clk) then", vhdl),
+              "[    ]text[if]kw1[ ]text[rising_edge]kw3[(clk) ]text[then]kw1");
+    EXPECT_EQ(DescribeRuns("ELSIF clk'EVENT AND clk = '1' THEN", vhdl),
+              "[ELSIF]kw1[ clk']text[EVENT]kw4[ ]text[AND]kw1[ clk = ]text['1']string[ ]text"
+              "[THEN]kw1");
+    EXPECT_EQ(DescribeRuns("q <= std_logic_vector(to_unsigned(n, q'length));", vhdl),
+              "[q <= ]text[std_logic_vector]kw2[(]text[to_unsigned]kw3[(n, q']text[length]kw4"
+              "[));]text");
+    EXPECT_EQ(DescribeRuns("report \"done -- ok\" severity note;", vhdl),
+              "[report]kw1[ ]text[\"done -- ok\"]string[ ]text[severity]kw1[ ]text[note]kw5"
+              "[;]text");
+    EXPECT_EQ(DescribeRuns("end_of_frame <= end_flag;", vhdl), "[end_of_frame <= end_flag;]text");
+    EXPECT_EQ(DescribeRuns("  signal s : sl", vhdl), "[  ]text[signal]kw1[ s : ]text[sl]abbrev");
+}
+
+TEST_F(ShippedLanguagesTest, VerilogColoursAsADesignerExpects) {
+    const LanguageDef* verilog = &Verilog();
+    EXPECT_EQ(DescribeRuns("module counter(input wire clk, output reg [7:0] q);", verilog),
+              "[module]kw1[ counter(]text[input]kw1[ ]text[wire]kw1[ clk, ]text[output]kw1[ ]text"
+              "[reg]kw1[ [7:0] q);]text");
+    EXPECT_EQ(DescribeRuns("  always @(posedge clk) begin // count up", verilog),
+              "[  ]text[always]kw1[ @(]text[posedge]kw1[ clk) ]text[begin]kw1[ ]text"
+              "[// count up]comment");
+    EXPECT_EQ(DescribeRuns("    q <= q + 8'h01;", verilog), "[    q <= q + 8'h01;]text");
+    EXPECT_EQ(DescribeRuns("  $display(\"q=%d\", q);", verilog),
+              "[  $]text[display]kw2[(]text[\"q=%d\"]string[, q);]text");
+    EXPECT_EQ(DescribeRuns("`timescale 1ns / 1ps", verilog), "[`]text[timescale]kw3[ 1ns / 1ps]text");
+    // Case sensitive: upper-case words are identifiers.
+    EXPECT_EQ(DescribeRuns("MODULE Begin end", verilog), "[MODULE Begin ]text[end]kw1");
+    EXPECT_EQ(DescribeRuns("/* a block comment", verilog), "[/* a block comment]text");
+    EXPECT_EQ(DescribeRuns("  alw", verilog), "[  ]text[alw]abbrev");
+}
+
+// A keyword is found whatever a designer writes after it. (The halving search compares the
+// next character too: one that sorts above the digits, such as ';', can hide a word that another
+// word extends by a digit; one above the letters, such as '|', a word extended by a letter.)
+TEST_F(ShippedLanguagesTest, EveryWordIsFoundBeforeTheUsualPunctuation) {
+    const std::string after = " \t;:,.()[]=<>+-*/&!@#'\"^?%$\\";
+    for (const LanguageDef* language : {&Vhdl(), &Verilog()}) {
+        for (int g = 0; g < KeywordGroupCount; ++g) {
+            for (const char* word : language->groups[g].words) {
+                const KeywordMatch alone = FindKeyword(*language, word);
+                EXPECT_EQ(alone.group, g + 1) << language->name << " " << word;
+                for (char c : after) {
+                    const std::string text = std::string(word) + c + "x";
+                    EXPECT_EQ(FindKeyword(*language, text).length, alone.length)
+                        << language->name << " " << text;
+                }
+            }
+        }
+        // An abbreviation that is also a keyword could never be coloured as one.
+        for (const char* name : language->expanderNames)
+            EXPECT_EQ(FindKeyword(*language, name).length, 0) << language->name << " " << name;
+    }
+}
+
+TEST_F(ShippedLanguagesTest, SavingWritesBackWhatTheFileHolds) {
+    host.profileWrites.clear();
+    SaveLanguages();
+    for (const std::string& write : host.profileWrites) {
+        const size_t close = write.find("] ");
+        const size_t equals = write.find('=', close);
+        const std::string section = write.substr(1, close - 1);
+        const std::string key = write.substr(close + 2, equals - close - 2);
+        if (key == "File") continue; // saved expanded
+        FakeHost shipped;
+        ASSERT_TRUE(LoadIniIntoProfile(shipped, SourcePath("config/ruvo.ini")));
+        EXPECT_EQ(shipped.ProfileValue(section, key), write.substr(equals + 1)) << write;
+    }
+}
+
+TEST_F(ShippedLanguagesTest, OptionsSectionHoldsTheDefaults) {
+    LoadSettings();
+    const Options defaults;
+    const Options& options = editor.settings.options;
+    EXPECT_EQ(options.colors, defaults.colors);
+    EXPECT_EQ(options.autoIndent, defaults.autoIndent);
+    EXPECT_EQ(options.saveOnExit, defaults.saveOnExit);
+    EXPECT_EQ(options.backupFile, defaults.backupFile);
+    EXPECT_EQ(options.buttonsLeft, defaults.buttonsLeft);
+    EXPECT_EQ(options.firstChildMaximized, defaults.firstChildMaximized);
+    EXPECT_EQ(options.fontSize, defaults.fontSize);
+    EXPECT_EQ(options.font, defaults.font);
+    EXPECT_EQ(options.tabSize, defaults.tabSize);
+    // The settings load reads the languages as well.
+    EXPECT_EQ(LanguageEntry(2).groups[0].words.Count(), 124);
+}
+
+} // namespace
+} // namespace ruvo
