@@ -136,7 +136,9 @@ bool SameNameIgnoringCase(std::string_view a, std::string_view b) {
     return true;
 }
 
-bool IsValidIndex(int index) { return index >= 0 && index < CommandRowCount; }
+bool IsValidIndex(int index) {
+    return index >= 0 && index < CommandRowCount;
+}
 
 } // namespace
 
@@ -172,7 +174,8 @@ const char* CommandDescription(int index) {
 }
 
 int InvokeCommand(int index) {
-    if (IsValidIndex(index) && CommandTable[index].handler != nullptr) CommandTable[index].handler();
+    if (IsValidIndex(index) && CommandTable[index].handler != nullptr)
+        CommandTable[index].handler();
     return 1;
 }
 

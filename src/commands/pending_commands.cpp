@@ -4,49 +4,137 @@
 
 namespace ruvo {
 
-int PrintText() { return 0; }
-int FindText() { return 0; }
-int FindNextText() { return 0; }
-int ReplaceText() { return 0; }
-int GotoLine() { return 0; }
-int EditSpecial() { return 0; }
-int EditTemplates() { return 0; }
-int LanguageExpand() { return 0; }
-int IdentifierExpand() { return 0; }
-int VsystemOptions() { return 0; }
-int VsystemVHDL() { return 0; }
-int VsystemVerilog() { return 0; }
-int LeonardoCompile() { return 0; }
-int SynplifyVhdl() { return 0; }
-int SynplifyVerilog() { return 0; }
-int NextError() { return 0; }
-int PrevError() { return 0; }
-int AddIndent() { return 0; }
-int RemoveIndent() { return 0; }
-int AddComment() { return 0; }
-int RemoveComment() { return 0; }
-int EditorOptions() { return 0; }
-int LanguageOptions() { return 0; }
-int LeonardoOptions() { return 0; }
-int About() { return 0; }
-int ToolOptions() { return 0; }
-int RunTool1() { return 0; }
-int RunTool2() { return 0; }
-int RunTool3() { return 0; }
-int RunTool4() { return 0; }
-int RunTool5() { return 0; }
-int RunTool6() { return 0; }
-int DisplayHelpfile1() { return 0; }
-int DisplayHelpfile2() { return 0; }
-int DisplayHelpfile3() { return 0; }
-int DisplayHelpfile4() { return 0; }
-int DisplayHelpfile5() { return 0; }
-int WindowCascade() { return 0; }
-int WindowTileVertical() { return 0; }
-int WindowTileHorizontal() { return 0; }
-int WindowNext() { return 0; }
-int WindowPrevious() { return 0; }
-int WindowClose() { return 0; }
-int Accelerators() { return 0; }
+int PrintText() {
+    return 0;
+}
+int FindText() {
+    return 0;
+}
+int FindNextText() {
+    return 0;
+}
+int ReplaceText() {
+    return 0;
+}
+int GotoLine() {
+    return 0;
+}
+int EditSpecial() {
+    return 0;
+}
+int EditTemplates() {
+    return 0;
+}
+int LanguageExpand() {
+    return 0;
+}
+int IdentifierExpand() {
+    return 0;
+}
+int VsystemOptions() {
+    return 0;
+}
+int VsystemVHDL() {
+    return 0;
+}
+int VsystemVerilog() {
+    return 0;
+}
+int LeonardoCompile() {
+    return 0;
+}
+int SynplifyVhdl() {
+    return 0;
+}
+int SynplifyVerilog() {
+    return 0;
+}
+int NextError() {
+    return 0;
+}
+int PrevError() {
+    return 0;
+}
+int AddIndent() {
+    return 0;
+}
+int RemoveIndent() {
+    return 0;
+}
+int AddComment() {
+    return 0;
+}
+int RemoveComment() {
+    return 0;
+}
+int EditorOptions() {
+    return 0;
+}
+int LanguageOptions() {
+    return 0;
+}
+int LeonardoOptions() {
+    return 0;
+}
+int About() {
+    return 0;
+}
+int ToolOptions() {
+    return 0;
+}
+int RunTool1() {
+    return 0;
+}
+int RunTool2() {
+    return 0;
+}
+int RunTool3() {
+    return 0;
+}
+int RunTool4() {
+    return 0;
+}
+int RunTool5() {
+    return 0;
+}
+int RunTool6() {
+    return 0;
+}
+int DisplayHelpfile1() {
+    return 0;
+}
+int DisplayHelpfile2() {
+    return 0;
+}
+int DisplayHelpfile3() {
+    return 0;
+}
+int DisplayHelpfile4() {
+    return 0;
+}
+int DisplayHelpfile5() {
+    return 0;
+}
+int WindowCascade() {
+    return 0;
+}
+int WindowTileVertical() {
+    return 0;
+}
+int WindowTileHorizontal() {
+    return 0;
+}
+int WindowNext() {
+    return 0;
+}
+int WindowPrevious() {
+    return 0;
+}
+int WindowClose() {
+    return 0;
+}
+int Accelerators() {
+    return 0;
+}
 
 } // namespace ruvo

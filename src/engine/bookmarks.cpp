@@ -56,25 +56,65 @@ int GotoBookmark(int n) {
     return 0;
 }
 
-int GotoMark0() { return GotoBookmark(0); }
-int GotoMark1() { return GotoBookmark(1); }
-int GotoMark2() { return GotoBookmark(2); }
-int GotoMark3() { return GotoBookmark(3); }
-int GotoMark4() { return GotoBookmark(4); }
-int GotoMark5() { return GotoBookmark(5); }
-int GotoMark6() { return GotoBookmark(6); }
-int GotoMark7() { return GotoBookmark(7); }
-int GotoMark8() { return GotoBookmark(8); }
-int GotoMark9() { return GotoBookmark(9); }
-int SetMark0() { return SetBookmark(0); }
-int SetMark1() { return SetBookmark(1); }
-int SetMark2() { return SetBookmark(2); }
-int SetMark3() { return SetBookmark(3); }
-int SetMark4() { return SetBookmark(4); }
-int SetMark5() { return SetBookmark(5); }
-int SetMark6() { return SetBookmark(6); }
-int SetMark7() { return SetBookmark(7); }
-int SetMark8() { return SetBookmark(8); }
-int SetMark9() { return SetBookmark(9); }
+int GotoMark0() {
+    return GotoBookmark(0);
+}
+int GotoMark1() {
+    return GotoBookmark(1);
+}
+int GotoMark2() {
+    return GotoBookmark(2);
+}
+int GotoMark3() {
+    return GotoBookmark(3);
+}
+int GotoMark4() {
+    return GotoBookmark(4);
+}
+int GotoMark5() {
+    return GotoBookmark(5);
+}
+int GotoMark6() {
+    return GotoBookmark(6);
+}
+int GotoMark7() {
+    return GotoBookmark(7);
+}
+int GotoMark8() {
+    return GotoBookmark(8);
+}
+int GotoMark9() {
+    return GotoBookmark(9);
+}
+int SetMark0() {
+    return SetBookmark(0);
+}
+int SetMark1() {
+    return SetBookmark(1);
+}
+int SetMark2() {
+    return SetBookmark(2);
+}
+int SetMark3() {
+    return SetBookmark(3);
+}
+int SetMark4() {
+    return SetBookmark(4);
+}
+int SetMark5() {
+    return SetBookmark(5);
+}
+int SetMark6() {
+    return SetBookmark(6);
+}
+int SetMark7() {
+    return SetBookmark(7);
+}
+int SetMark8() {
+    return SetBookmark(8);
+}
+int SetMark9() {
+    return SetBookmark(9);
+}
 
 } // namespace ruvo

@@ -27,6 +27,8 @@ inline int32_t LineLength(const EditBuffer& buffer, int32_t line) {
     return static_cast<int32_t>(LineAt(buffer, line).size());
 }
 
-inline int32_t LastLine(const EditBuffer& buffer) { return buffer.lines.lineCount - 1; }
+inline int32_t LastLine(const EditBuffer& buffer) {
+    return buffer.lines.lineCount - 1;
+}
 
 } // namespace ruvo

@@ -25,7 +25,9 @@ bool IsWordChar(std::string_view text, int32_t column) {
            (column >= 0 && column < static_cast<int32_t>(text.size()) && text[column] == '_');
 }
 
-TextPos EndOfLine(const EditBuffer& buffer, int32_t line) { return ClampPos(buffer, line, 255); }
+TextPos EndOfLine(const EditBuffer& buffer, int32_t line) {
+    return ClampPos(buffer, line, 255);
+}
 
 // Keeps the caret's screen column across tabs and short lines.
 TextPos VerticalMove(const EditBuffer& buffer, TextPos caret, int32_t delta) {
@@ -53,9 +55,11 @@ TextPos WordLeft(const EditBuffer& buffer, TextPos p) {
     else
         p = EndOfLine(buffer, p.line - 1);
     const std::string_view text = LineAt(buffer, p.line);
-    while (p.column >= 1 && !IsLetterOrDigit(text, p.column)) --p.column;
+    while (p.column >= 1 && !IsLetterOrDigit(text, p.column))
+        --p.column;
     if (IsLetterOrDigit(text, p.column)) {
-        while (p.column >= 1 && IsLetterOrDigit(text, p.column)) --p.column;
+        while (p.column >= 1 && IsLetterOrDigit(text, p.column))
+            --p.column;
         if (p.column > 0) ++p.column;
     }
     return p;
@@ -65,14 +69,16 @@ TextPos WordRight(const EditBuffer& buffer, TextPos p) {
     std::string_view text = LineAt(buffer, p.line);
     const auto length = [&text] { return static_cast<int32_t>(text.size()); };
     if (IsLetterOrDigit(text, p.column))
-        while (IsWordChar(text, p.column)) ++p.column;
+        while (IsWordChar(text, p.column))
+            ++p.column;
     if (p.column >= length()) {
         // At the end of the document there is no further word: stay at the end.
         if (p.line >= LastLine(buffer)) return MakePos(p.line, length());
         p = MakePos(p.line + 1, 0);
         text = LineAt(buffer, p.line);
     }
-    while (p.column < length() && !IsLetterOrDigit(text, p.column)) ++p.column;
+    while (p.column < length() && !IsLetterOrDigit(text, p.column))
+        ++p.column;
     return p;
 }
 
@@ -91,14 +97,30 @@ void MoveCursor(Motion code, bool extend) {
     TextPos p = caret;
 
     switch (code) {
-    case Motion::LineUp: p = VerticalMove(buffer, caret, -1); break;
-    case Motion::LineDown: p = VerticalMove(buffer, caret, +1); break;
-    case Motion::CharLeft: p = CharLeft(buffer, p); break;
-    case Motion::CharRight: p = CharRight(buffer, p); break;
-    case Motion::WordLeft: p = WordLeft(buffer, p); break;
-    case Motion::WordRight: p = WordRight(buffer, p); break;
-    case Motion::BeginLine: p = MakePos(p.line, 0); break;
-    case Motion::EndLine: p = EndOfLine(buffer, p.line); break;
+    case Motion::LineUp:
+        p = VerticalMove(buffer, caret, -1);
+        break;
+    case Motion::LineDown:
+        p = VerticalMove(buffer, caret, +1);
+        break;
+    case Motion::CharLeft:
+        p = CharLeft(buffer, p);
+        break;
+    case Motion::CharRight:
+        p = CharRight(buffer, p);
+        break;
+    case Motion::WordLeft:
+        p = WordLeft(buffer, p);
+        break;
+    case Motion::WordRight:
+        p = WordRight(buffer, p);
+        break;
+    case Motion::BeginLine:
+        p = MakePos(p.line, 0);
+        break;
+    case Motion::EndLine:
+        p = EndOfLine(buffer, p.line);
+        break;
     case Motion::PageUp:
         if (p.line - pageLines < 0) {
             p = Origin;
@@ -128,15 +150,16 @@ void MoveCursor(Motion code, bool extend) {
         scroll = ScrollTarget{lineCount - pageLines, 0};
         topComputed = true;
         break;
-    default: return;
+    default:
+        return;
     }
     // A document shorter than the window starts at its top.
     if (topComputed && scroll.topLine < 0) scroll.topLine = 0;
 
     if (extend) {
         const TextPos anchor = buffer.anchor;
-        const bool anchorFirst = anchor.line < p.line ||
-                                 (anchor.line == p.line && anchor.column <= p.column);
+        const bool anchorFirst =
+            anchor.line < p.line || (anchor.line == p.line && anchor.column <= p.column);
         RecordEdit(buffer, Origin, Origin, "", p, scroll, anchorFirst ? anchor : p,
                    anchorFirst ? p : anchor);
     } else {

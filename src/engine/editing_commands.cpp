@@ -28,7 +28,9 @@ bool IsWordByte(char c) {
     return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_';
 }
 
-bool IsBlank(char c) { return std::isspace(static_cast<unsigned char>(c)) != 0; }
+bool IsBlank(char c) {
+    return std::isspace(static_cast<unsigned char>(c)) != 0;
+}
 
 } // namespace
 
@@ -66,8 +68,8 @@ int DeleteLine() {
     const int32_t line = Caret(*buffer).line;
     const TextPos lineStart = MakePos(line, 0);
     // The last line has no successor to pull up, so only its text goes.
-    const TextPos end = line < LastLine(*buffer) ? MakePos(line + 1, 0)
-                                                 : MakePos(line, LineLength(*buffer, line));
+    const TextPos end =
+        line < LastLine(*buffer) ? MakePos(line + 1, 0) : MakePos(line, LineLength(*buffer, line));
     RemoveRange(*buffer, lineStart, end, lineStart);
     return 0;
 }
@@ -83,9 +85,11 @@ int DeleteWord() {
         if (caret.line >= LastLine(*buffer)) return 0;
         end = MakePos(caret.line + 1, 0);
     } else if (IsWordByte(text[caret.column])) {
-        while (end.column < length && IsWordByte(text[end.column])) ++end.column;
+        while (end.column < length && IsWordByte(text[end.column]))
+            ++end.column;
     } else if (IsBlank(text[caret.column])) {
-        while (end.column < length && IsBlank(text[end.column])) ++end.column;
+        while (end.column < length && IsBlank(text[end.column]))
+            ++end.column;
     } else {
         ++end.column;
     }

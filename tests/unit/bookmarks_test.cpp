@@ -15,7 +15,8 @@ using BookmarksTest = EditorTest;
 
 std::string ManyLines(int count) {
     std::string text;
-    for (int i = 0; i < count; ++i) text += (i > 0 ? "\n" : "") + std::to_string(i);
+    for (int i = 0; i < count; ++i)
+        text += (i > 0 ? "\n" : "") + std::to_string(i);
     return text;
 }
 
@@ -86,7 +87,8 @@ TEST_F(BookmarksTest, BookmarksKeepTheirNumbersWhenTheTextShrinks) {
     buffer.PlaceCaret(300, 2);
     SetMark1();
     buffer.PlaceCaret(100, 0);
-    for (int i = 0; i < 200; ++i) DeleteLine();
+    for (int i = 0; i < 200; ++i)
+        DeleteLine();
     EXPECT_EQ(buffer->lines.lineCount, 200);
     GotoMark1(); // line 300 is gone: the last line instead
     EXPECT_EQ(buffer->cursor, MakePos(199, 2));

@@ -116,8 +116,8 @@ TEST_F(CommandTableTest, FlagBitsSitOnTheirRowsOnly) {
     EXPECT_TRUE(RowsWithFlag(NeedsModified).empty());
     EXPECT_TRUE(RowsWithFlag(NeedsClipboardText).empty());
     EXPECT_EQ(RowsWithFlag(NeedsBuffer),
-              (std::vector<int>{2, 3, 4, 5, 6, 13, 14, 15, 16, 17, 18, 19, 20, 22, 23, 24, 25, 26,
-                                35, 54, 91, 92, 93, 94, 95, 96}));
+              (std::vector<int>{2,  3,  4,  5,  6,  13, 14, 15, 16, 17, 18, 19, 20,
+                                22, 23, 24, 25, 26, 35, 54, 91, 92, 93, 94, 95, 96}));
 }
 
 TEST_F(CommandTableTest, EveryCommandHasItsOwnHandlerAndName) {
@@ -191,7 +191,8 @@ TEST_F(CommandTableTest, InvokeCallsTheRowsHandlerAndIgnoresAnythingElse) {
 
     const std::string before = buffer.Text();
     const int logged = buffer.LoggedTransactions();
-    for (int index : {98, 99, -1, 1000}) EXPECT_EQ(InvokeCommand(index), 1);
+    for (int index : {98, 99, -1, 1000})
+        EXPECT_EQ(InvokeCommand(index), 1);
     EXPECT_EQ(buffer.Text(), before);
     EXPECT_EQ(buffer.LoggedTransactions(), logged);
 }
@@ -199,7 +200,8 @@ TEST_F(CommandTableTest, InvokeCallsTheRowsHandlerAndIgnoresAnythingElse) {
 TEST_F(CommandTableTest, SetCommandsEnabledReachesEveryRowSharingABit) {
     SetCommandsEnabled(NeedsSelection, false);
     std::vector<std::pair<int, bool>> expected;
-    for (int row : {29, 30, 31, 32, 33, 34, 36}) expected.emplace_back(row, false);
+    for (int row : {29, 30, 31, 32, 33, 34, 36})
+        expected.emplace_back(row, false);
     EXPECT_EQ(host.enableCalls, expected);
 
     host.enableCalls.clear();
@@ -212,14 +214,15 @@ TEST_F(CommandTableTest, SetCommandsEnabledReachesEveryRowSharingABit) {
     EXPECT_TRUE(host.enableCalls.empty());
 }
 
-std::vector<std::pair<int, bool>> ExpectedPushes(bool buffer, bool undo, bool redo,
-                                                 bool selection, bool errors) {
+std::vector<std::pair<int, bool>> ExpectedPushes(bool buffer, bool undo, bool redo, bool selection,
+                                                 bool errors) {
     std::vector<std::pair<int, bool>> calls;
-    const std::pair<uint32_t, bool> order[] = {{NeedsBuffer, buffer},     {NeedsModified, false},
-                                               {NeedsUndo, undo},         {NeedsRedo, redo},
-                                               {NeedsSelection, selection}, {NeedsErrorList, errors}};
+    const std::pair<uint32_t, bool> order[] = {
+        {NeedsBuffer, buffer}, {NeedsModified, false},      {NeedsUndo, undo},
+        {NeedsRedo, redo},     {NeedsSelection, selection}, {NeedsErrorList, errors}};
     for (const auto& [bit, state] : order)
-        for (int row : RowsWithFlag(bit)) calls.emplace_back(row, state);
+        for (int row : RowsWithFlag(bit))
+            calls.emplace_back(row, state);
     return calls;
 }
 
@@ -258,26 +261,32 @@ TEST_F(CommandTableTest, HandlersGuardThemselvesWhenNoWindowCanTakeThem) {
     // Keys reach handlers even when the menu shows them grey, so each must refuse on its own.
     const std::vector<int> guarded = [] {
         std::vector<int> rows;
-        for (int row = 33; row <= 54; ++row) rows.push_back(row);
-        for (int row = 66; row <= 85; ++row) rows.push_back(row);
+        for (int row = 33; row <= 54; ++row)
+            rows.push_back(row);
+        for (int row = 66; row <= 85; ++row)
+            rows.push_back(row);
         return rows;
     }();
     host.clipboard = "pasted";
-    for (int row : guarded) InvokeCommand(row);
+    for (int row : guarded)
+        InvokeCommand(row);
     EXPECT_EQ(host.clipboard, "pasted");
     EXPECT_EQ(editor.engine.currentBuffer, nullptr);
-    for (const Bookmark& mark : editor.engine.bookmarks) EXPECT_EQ(mark.isSet, 0);
+    for (const Bookmark& mark : editor.engine.bookmarks)
+        EXPECT_EQ(mark.isSet, 0);
 
     TestBuffer closed("line one\nline two");
     closed.Select(MakePos(0, 2), MakePos(1, 4));
     closed->closedFlags |= ClosedFlagWindowGone;
     const int logged = closed.LoggedTransactions();
-    for (int row : guarded) InvokeCommand(row);
+    for (int row : guarded)
+        InvokeCommand(row);
     EXPECT_EQ(closed.Text(), "line one\nline two");
     EXPECT_EQ(closed.LoggedTransactions(), logged);
     EXPECT_EQ(closed->cursor, MakePos(1, 4));
     EXPECT_EQ(host.clipboard, "pasted");
-    for (const Bookmark& mark : editor.engine.bookmarks) EXPECT_EQ(mark.isSet, 0);
+    for (const Bookmark& mark : editor.engine.bookmarks)
+        EXPECT_EQ(mark.isSet, 0);
 }
 
 TEST_F(CommandTableTest, SelectionCommandsDoNothingWithoutASelection) {

@@ -14,7 +14,8 @@ using CursorMotionTest = EditorTest;
 
 std::string NumberedLines(int count) {
     std::string text;
-    for (int i = 0; i < count; ++i) text += (i > 0 ? "\n" : "") + std::string("line ") + std::to_string(i);
+    for (int i = 0; i < count; ++i)
+        text += (i > 0 ? "\n" : "") + std::string("line ") + std::to_string(i);
     return text;
 }
 

@@ -1,10 +1,13 @@
 // Deleting, joining, new lines with auto-indent, deleting the selection, undo and redo.
 #include "engine/editing_commands.h"
 
+#include <random>
 #include <string>
 
 #include "buffer_builder.h"
 #include "editor_fixture.h"
+#include "engine/clipboard_commands.h"
+#include "engine/cursor_motion.h"
 
 namespace ruvo {
 namespace {
@@ -199,6 +202,66 @@ TEST_F(EditingCommandsTest, ReadOnlyBuffersKeepTheirText) {
     EXPECT_EQ(buffer.Text(), "locked\ntext");
     EXPECT_EQ(buffer->lines.modified, 0);
     EXPECT_TRUE(host.boxes.empty());
+}
+
+TEST_F(EditingCommandsTest, AnyMixOfCommandsIsUndoneAndRedoneExactly) {
+    const std::string original = "entity top is\n\tport (clk : in bit);\nend top;\n\n-- x_1 y";
+    std::mt19937 random(20261121);
+    int changedRounds = 0;
+    for (int round = 0; round < 20; ++round) {
+        TestBuffer buffer(original);
+        host.clipboard = round % 2 == 0 ? "a\r\nbc" : "  q";
+        for (int step = 0; step < 60; ++step) {
+            const int32_t line = static_cast<int32_t>(random() % buffer->lines.lineCount);
+            const int32_t column = static_cast<int32_t>(random() % 12);
+            switch (random() % 9) {
+            case 0:
+                DeleteChar();
+                break;
+            case 1:
+                BackspaceChar();
+                break;
+            case 2:
+                DeleteLine();
+                break;
+            case 3:
+                DeleteWord();
+                break;
+            case 4:
+                NewLine();
+                break;
+            case 5:
+                EditPaste();
+                break;
+            case 6:
+                MoveCursor(static_cast<Motion>(1 + random() % 12), random() % 2 == 0);
+                break;
+            case 7:
+                GoToPos(*buffer, line, column);
+                break;
+            default:
+                buffer.Select(MakePos(line, 0), buffer->cursor);
+                if (random() % 2 == 0)
+                    EditCut();
+                else
+                    DeleteSelection();
+                break;
+            }
+        }
+        const std::string edited = buffer.Text();
+        if (edited != original) ++changedRounds;
+        int undone = 0;
+        while (UndoTransaction() == 0)
+            ++undone;
+        EXPECT_EQ(buffer.Text(), original) << round;
+        EXPECT_EQ(undone, buffer.LoggedTransactions()) << round;
+        while (RedoTransaction(*buffer) == 0)
+            --undone;
+        EXPECT_EQ(undone, 0) << round;
+        EXPECT_EQ(buffer.Text(), edited) << round;
+        EXPECT_TRUE(host.boxes.empty()) << host.ErrorBoxTexts();
+    }
+    EXPECT_GE(changedRounds, 15);
 }
 
 } // namespace

@@ -15,7 +15,7 @@
 namespace ruvo {
 
 class TestBuffer {
-public:
+  public:
     // Lines are split at line feeds; the buffer becomes the current one unless told not to.
     explicit TestBuffer(std::string_view text, bool makeCurrent = true) {
         buffer_.lines.growBy = 1000;
@@ -24,9 +24,8 @@ public:
         size_t from = 0;
         for (;;) {
             const size_t lf = text.find('\n', from);
-            const std::string_view line = text.substr(from, lf == std::string_view::npos
-                                                                 ? std::string_view::npos
-                                                                 : lf - from);
+            const std::string_view line = text.substr(
+                from, lf == std::string_view::npos ? std::string_view::npos : lf - from);
             EXPECT_EQ(AppendLine(&buffer_.lines, line), 0);
             if (lf == std::string_view::npos) break;
             from = lf + 1;
@@ -39,7 +38,8 @@ public:
     ~TestBuffer() {
         ClearTransactionLog(buffer_);
         ClearLineList(&buffer_.lines);
-        if (TheEditor().engine.currentBuffer == &buffer_) TheEditor().engine.currentBuffer = nullptr;
+        if (TheEditor().engine.currentBuffer == &buffer_)
+            TheEditor().engine.currentBuffer = nullptr;
     }
 
     EditBuffer& operator*() { return buffer_; }
@@ -74,11 +74,12 @@ public:
     // Number of records in the log after the sentinel.
     int LoggedTransactions() const {
         int count = 0;
-        for (const Transaction* t = buffer_.undoHead; t != nullptr; t = t->next) ++count;
+        for (const Transaction* t = buffer_.undoHead; t != nullptr; t = t->next)
+            ++count;
         return count > 0 ? count - 1 : 0;
     }
 
-private:
+  private:
     EditBuffer buffer_;
 };
 
