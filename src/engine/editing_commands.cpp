@@ -110,8 +110,10 @@ int NewLine() {
             ++indent;
         inserted.append(text.substr(0, indent));
     }
-    // Scroll before the edit so that the new line is not left below the window.
-    if (buffer->topLine + buffer->visibleLines - 1 < caret.line + 1) {
+    // Scroll before the edit so that the new line is not left below the window; a read-only
+    // buffer drops the edit, so it keeps its view as well.
+    if (buffer->lines.readOnly == 0 &&
+        buffer->topLine + buffer->visibleLines - 1 < caret.line + 1) {
         const int32_t top = caret.line + 2 - buffer->visibleLines;
         buffer->topLine = top > 0 ? top : 0;
     }

@@ -191,6 +191,7 @@ TEST_F(EditingCommandsTest, JoiningIntoAnOverlongLineIsRefusedAndChangesNothing)
 TEST_F(EditingCommandsTest, ReadOnlyBuffersKeepTheirText) {
     TestBuffer buffer("locked\ntext");
     buffer->lines.readOnly = 1;
+    buffer->visibleLines = 1;
     buffer.PlaceCaret(0, 2);
     DeleteChar();
     BackspaceChar();
@@ -201,6 +202,7 @@ TEST_F(EditingCommandsTest, ReadOnlyBuffersKeepTheirText) {
     DeleteSelection();
     EXPECT_EQ(buffer.Text(), "locked\ntext");
     EXPECT_EQ(buffer->lines.modified, 0);
+    EXPECT_EQ(buffer->topLine, 0);
     EXPECT_TRUE(host.boxes.empty());
 }
 
