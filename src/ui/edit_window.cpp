@@ -1,0 +1,136 @@
+// Edit window: links the MDI child to its buffer, tracks the current buffer, plain text paint.
+#include "ui/edit_window.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "docs/documents.h"
+#include "engine/edit_buffer.h"
+#include "engine/editor.h"
+#include "ui/window_classes.h"
+#include "ui/win_host.h"
+
+namespace ruvo {
+
+namespace {
+
+void SetBuffer(HWND window, EditBuffer* buffer) {
+    SetWindowLongPtrA(window, 0, reinterpret_cast<LONG_PTR>(buffer));
+}
+
+// Lines in the fixed system font, black on white; the coloured display replaces this.
+void PaintPlainText(HWND window, EditBuffer& buffer) {
+    PAINTSTRUCT paint;
+    HDC dc = BeginPaint(window, &paint);
+    HGDIOBJ oldFont = SelectObject(dc, GetStockObject(SYSTEM_FIXED_FONT));
+    TEXTMETRICA metrics;
+    GetTextMetricsA(dc, &metrics);
+    const int lineHeight = std::max<int>(1, metrics.tmHeight);
+    const int charWidth = std::max<int>(1, metrics.tmAveCharWidth);
+    RECT client;
+    GetClientRect(window, &client);
+    buffer.clientWidth = static_cast<int16_t>(client.right);
+    buffer.windowColumns = static_cast<int16_t>(client.right / charWidth);
+    buffer.visibleLines = static_cast<int16_t>(client.bottom / lineHeight);
+    buffer.visibleColumns = static_cast<int16_t>(buffer.windowColumns - buffer.marginColumns);
+
+    SetTextColor(dc, RGB(0, 0, 0));
+    SetBkColor(dc, RGB(255, 255, 255));
+    const LineList& lines = buffer.lines;
+    for (int row = 0; row <= buffer.visibleLines; ++row) {
+        const int line = buffer.topLine + row;
+        if (line < 0 || line >= lines.lineCount) break;
+        const char* text = lines.lineText[line];
+        const int length = static_cast<int>(std::strlen(text));
+        if (buffer.leftColumn < length) {
+            TextOutA(dc, 0, row * lineHeight, text + buffer.leftColumn,
+                     length - buffer.leftColumn);
+        }
+    }
+    SelectObject(dc, oldFont);
+    EndPaint(window, &paint);
+}
+
+} // namespace
+
+LRESULT CALLBACK EditWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+    case WM_CREATE: {
+        const auto* create = reinterpret_cast<const CREATESTRUCTA*>(lParam);
+        const auto* mdiCreate = static_cast<const MDICREATESTRUCTA*>(create->lpCreateParams);
+        auto* buffer = reinterpret_cast<EditBuffer*>(mdiCreate->lParam);
+        SetBuffer(window, buffer);
+        if (buffer != nullptr) buffer->hwnd = window;
+        break;
+    }
+    case WM_MDIACTIVATE: {
+        EditBuffer* buffer = BufferOfWindow(window);
+        EditBuffer*& current = TheEditor().engine.currentBuffer;
+        if (reinterpret_cast<HWND>(lParam) == window) {
+            current = buffer;
+        } else if (current == buffer) {
+            current = nullptr;
+        }
+        break;
+    }
+    case WM_PAINT:
+        if (EditBuffer* buffer = BufferOfWindow(window)) {
+            PaintPlainText(window, *buffer);
+            return 0;
+        }
+        break;
+    case WM_DESTROY:
+        if (EditBuffer* buffer = BufferOfWindow(window)) {
+            SetBuffer(window, nullptr);
+            if (TheEditor().engine.currentBuffer == buffer) {
+                TheEditor().engine.currentBuffer = nullptr;
+            }
+            buffer->hwnd = nullptr;
+            closeBuffer(*buffer);
+        }
+        break;
+    default:
+        break;
+    }
+    return DefMDIChildProcA(window, message, wParam, lParam);
+}
+
+HWND CreateEditWindowFor(EditBuffer& buffer) {
+    const ShellState& shell = TheWinHost().shell;
+    if (shell.mdiClient == nullptr) return nullptr;
+    DWORD style = 0;
+    // The first window of a session may open maximised.
+    const bool firstChild = SendMessageA(shell.mdiClient, WM_MDIGETACTIVE, 0, 0) == 0;
+    if (firstChild && TheEditor().settings.options.firstChildMaximized) style |= WS_MAXIMIZE;
+
+    MDICREATESTRUCTA create{};
+    create.szClass = EditClassName;
+    create.szTitle = buffer.fileName;
+    create.hOwner = shell.instance;
+    create.x = CW_USEDEFAULT;
+    create.y = CW_USEDEFAULT;
+    create.cx = CW_USEDEFAULT;
+    create.cy = CW_USEDEFAULT;
+    create.style = style | WS_VSCROLL | WS_HSCROLL;
+    create.lParam = reinterpret_cast<LPARAM>(&buffer);
+    return reinterpret_cast<HWND>(
+        SendMessageA(shell.mdiClient, WM_MDICREATE, 0, reinterpret_cast<LPARAM>(&create)));
+}
+
+EditBuffer* BufferOfWindow(HWND window) {
+    if (window == nullptr) return nullptr;
+    char className[32];
+    if (GetClassNameA(window, className, sizeof className) == 0 ||
+        std::strcmp(className, EditClassName) != 0) {
+        return nullptr;
+    }
+    return reinterpret_cast<EditBuffer*>(GetWindowLongPtrA(window, 0));
+}
+
+EditBuffer* ActiveEditBuffer() {
+    HWND client = TheWinHost().shell.mdiClient;
+    if (client == nullptr) return nullptr;
+    return BufferOfWindow(reinterpret_cast<HWND>(SendMessageA(client, WM_MDIGETACTIVE, 0, 0)));
+}
+
+} // namespace ruvo

@@ -1,0 +1,75 @@
+// WinHost: the Host interface carried out with Win32 calls.
+#pragma once
+
+#include <windows.h>
+
+#include "host/host.h"
+#include "ui/shell_state.h"
+#include "ui/status_window.h"
+
+namespace ruvo {
+
+class WinHost : public Host {
+public:
+    WinHost() = default;
+    WinHost(const WinHost&) = delete;
+    WinHost& operator=(const WinHost&) = delete;
+
+    ShellState shell;
+    StatusLine status;
+
+    void ErrorBox(const char* caption, std::string_view text) override;
+    int QuestionBox(const char* caption, std::string_view text, QuestionKind kind) override;
+    void ErrorStream(std::string_view text) override;
+
+    std::string ProfileGetString(std::string_view file, std::string_view section,
+                                 std::string_view key, std::string_view defaultValue,
+                                 int capacity) override;
+    int ProfileGetInt(std::string_view file, std::string_view section, std::string_view key,
+                      int defaultValue) override;
+    bool ProfileWriteString(std::string_view file, std::string_view section,
+                            std::string_view key, std::string_view value) override;
+
+    std::string ProgramPath() override;
+    std::string Environment(std::string_view name) override;
+    std::string CurrentDirectory() override;
+
+    void SetStatusPane(int pane, std::string_view text, bool beep) override;
+    void Beep() override;
+
+    void EnableCommand(int commandIndex, bool enabled) override;
+    void PostCloseFrame() override;
+
+    bool ClipboardHasText() override;
+    std::optional<std::string> ClipboardGetText() override;
+    bool ClipboardSetText(std::string_view text) override;
+
+    bool CreateEditWindow(EditBuffer& buffer) override;
+    void SetWindowTitle(EditBuffer& buffer, std::string_view title) override;
+    void ActivateEditWindow(EditBuffer& buffer) override;
+    void RedrawLine(EditBuffer& buffer, int line) override;
+    void RedrawWindow(EditBuffer& buffer) override;
+    void UpdateCaretAndStatus(EditBuffer& buffer) override;
+    void ScrollPositionChanged(EditBuffer& buffer) override;
+
+    std::optional<FileDialogResult> FileDialog(const FileDialogRequest& request) override;
+    long LzCopy(std::string_view source, std::string_view target) override;
+    void SetBusyCursor(bool busy) override;
+    void ShowProgress(std::string_view title, int total) override;
+    void UpdateProgress(int done) override;
+    void HideProgress() override;
+    void SetProgressText(std::string_view text) override;
+    void RecentFilesChanged(const std::vector<std::string>& labels) override;
+
+private:
+    int busyDepth_ = 0;
+    HCURSOR cursorBeforeBusy_ = nullptr;
+    HWND progressWindow_ = nullptr;
+    HWND progressBar_ = nullptr;
+    HWND progressLabel_ = nullptr;
+};
+
+// The host of the running program (the Editor's host is always a WinHost in ruvo.exe).
+WinHost& TheWinHost();
+
+} // namespace ruvo

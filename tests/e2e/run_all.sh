@@ -1,0 +1,60 @@
+#!/usr/bin/env bash
+# Runs the e2e scenarios (all, or those named) against build/mingw/ruvo.exe under Wine on a
+# private Xvfb display and a private Wine prefix; everything started here is ended here.
+set -euo pipefail
+
+source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
+
+SCENARIO_DIR=$E2E_ROOT/tests/e2e/scenarios
+SCENARIO_TIMEOUT=${E2E_SCENARIO_TIMEOUT:-300}
+LOG_DIR=$E2E_ROOT/build/e2e-logs
+
+for tool in wine wineserver wineboot Xvfb import timeout; do
+    command -v "$tool" >/dev/null || e2e_fail "$tool is not installed (scripts/test installs it)"
+done
+
+if (($# > 0)); then
+    scenarios=("$@")
+else
+    scenarios=()
+    for dir in "$SCENARIO_DIR"/*/; do scenarios+=("$(basename "$dir")"); done
+fi
+for name in "${scenarios[@]}"; do
+    [[ -f $SCENARIO_DIR/$name/run.sh ]] || e2e_fail "no scenario $SCENARIO_DIR/$name/run.sh"
+done
+
+E2E_WORK=$(mktemp -d "${TMPDIR:-/tmp}/ruvo-e2e.XXXXXX")
+export E2E_WORK
+trap e2e_cleanup EXIT
+trap 'exit 130' INT TERM
+
+e2e_start_xvfb
+e2e_make_prefix
+e2e_install_app
+mkdir -p "$LOG_DIR" "$E2E_SHOTS"
+
+passed=0
+failed=()
+for name in "${scenarios[@]}"; do
+    e2e_reset_app
+    log=$LOG_DIR/$name.log
+    : >"$log"
+    started=$SECONDS
+    status=0
+    E2E_SCENARIO_LOG=$log timeout "$SCENARIO_TIMEOUT" bash "$SCENARIO_DIR/$name/run.sh" \
+        >>"$log" 2>&1 || status=$?
+    elapsed=$((SECONDS - started))
+    if ((status == 0)); then
+        passed=$((passed + 1))
+        echo "PASS $name (${elapsed} s)"
+    else
+        failed+=("$name")
+        ((status == 124)) && echo "[e2e] FAIL: no result within $SCENARIO_TIMEOUT s" >>"$log"
+        echo "FAIL $name (${elapsed} s, log $log):"
+        tail -n 15 "$log" | sed 's/^/    /'
+    fi
+done
+
+total=${#scenarios[@]}
+echo "e2e: $passed passed, ${#failed[@]} failed out of $total"
+((${#failed[@]} == 0))

@@ -1,0 +1,273 @@
+// Test driver run under Wine beside ruvo.exe: finds its windows, sends messages, prints facts.
+//
+// Usage: ruvo_driver COMMAND [ARGS] [COMMAND [ARGS]] ...
+// Commands run in order; each prints one or more lines "<command> <result>". The first
+// failure prints "error: <what>" and ends the driver with exit code 1.
+//
+//   wait-frame SECONDS        wait until the frame window exists and is visible
+//   wait-gone SECONDS         wait until no frame window exists
+//   wait-window TITLE SECONDS wait for a top-level window with this exact title
+//   title                     the frame's title
+//   frame-rect                the frame's window rectangle: "x y width height"
+//   frame-state               "maximized", "minimized" or "normal"
+//   client-size               the frame's client area: "width height"
+//   child-rect CLASS          rectangle of the frame's child of CLASS, in client coordinates
+//   children                  one line per MDI child: its title (also "children N" first)
+//   active                    title of the active MDI child ("active -" when none)
+//   command ROW               sends WM_COMMAND 10000 + ROW and waits for it to be handled
+//   post-command ROW          posts it (for commands that open a modal dialog)
+//   type TEXT                 sends each character of TEXT as WM_CHAR to the active child
+//   move X Y WIDTH HEIGHT     moves and sizes the frame like a user would
+//   show max|min|restore      maximises, minimises or restores the frame
+//   clipboard                 the CF_TEXT clipboard contents, lines joined with "\n"
+//   close                     posts WM_CLOSE to the frame
+//   sleep MILLISECONDS        pauses (only for things that have no window to wait for)
+#include <windows.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr const char* FrameClass = "DavoEditClass";
+constexpr int CommandIdBase = 10000;
+constexpr DWORD PollMilliseconds = 100;
+
+[[noreturn]] void Fail(const std::string& what) {
+    std::printf("error: %s\n", what.c_str());
+    std::fflush(stdout);
+    std::exit(1);
+}
+
+HWND Frame() { return FindWindowA(FrameClass, nullptr); }
+
+HWND RequireFrame() {
+    HWND frame = Frame();
+    if (frame == nullptr) Fail("no window of class DavoEditClass");
+    return frame;
+}
+
+HWND MdiClient() { return FindWindowExA(RequireFrame(), nullptr, "MDICLIENT", nullptr); }
+
+std::string TitleOf(HWND window) {
+    char title[512] = {};
+    // WM_GETTEXT crosses processes; GetWindowText would not ask the other process.
+    SendMessageA(window, WM_GETTEXT, sizeof title, reinterpret_cast<LPARAM>(title));
+    return title;
+}
+
+int ToNumber(const std::string& text, const char* what) {
+    char* end = nullptr;
+    const long value = std::strtol(text.c_str(), &end, 10);
+    if (text.empty() || *end != '\0') Fail(std::string("bad ") + what + ": '" + text + "'");
+    return static_cast<int>(value);
+}
+
+template <typename Condition> bool WaitFor(int seconds, Condition condition) {
+    const DWORD start = GetTickCount();
+    while (!condition()) {
+        if (GetTickCount() - start > static_cast<DWORD>(seconds) * 1000) return false;
+        Sleep(PollMilliseconds);
+    }
+    return true;
+}
+
+void PrintRect(const char* name, const RECT& r) {
+    std::printf("%s %ld %ld %ld %ld\n", name, r.left, r.top, r.right - r.left, r.bottom - r.top);
+}
+
+std::vector<HWND> MdiChildren() {
+    std::vector<HWND> children;
+    HWND client = MdiClient();
+    if (client == nullptr) Fail("the frame has no MDI client");
+    for (HWND child = GetWindow(client, GW_CHILD); child != nullptr;
+         child = GetWindow(child, GW_HWNDNEXT)) {
+        if (GetWindow(child, GW_OWNER) == nullptr) children.push_back(child); // no icon titles
+    }
+    return children;
+}
+
+struct TitleSearch {
+    const char* title;
+    HWND found;
+};
+
+BOOL CALLBACK MatchTitle(HWND window, LPARAM parameter) {
+    auto* search = reinterpret_cast<TitleSearch*>(parameter);
+    if (IsWindowVisible(window) && TitleOf(window) == search->title) {
+        search->found = window;
+        return FALSE;
+    }
+    return TRUE;
+}
+
+void PrintClipboard() {
+    if (!OpenClipboard(nullptr)) Fail("cannot open the clipboard");
+    std::string text;
+    if (HANDLE data = GetClipboardData(CF_TEXT)) {
+        if (const char* bytes = static_cast<const char*>(GlobalLock(data))) {
+            text = bytes;
+            GlobalUnlock(data);
+        }
+    }
+    CloseClipboard();
+    std::string escaped;
+    for (char c : text) {
+        if (c == '\r') continue;
+        escaped += c == '\n' ? std::string("\\n") : std::string(1, c);
+    }
+    std::printf("clipboard %s\n", escaped.c_str());
+}
+
+// Runs the command at args[at]; returns the index after its arguments.
+size_t Run(const std::vector<std::string>& args, size_t at) {
+    const std::string& name = args[at];
+    auto argument = [&](size_t n) -> const std::string& {
+        if (at + n >= args.size()) Fail(name + " needs " + std::to_string(n) + " argument(s)");
+        return args[at + n];
+    };
+
+    if (name == "wait-frame") {
+        const int seconds = ToNumber(argument(1), "seconds");
+        if (!WaitFor(seconds, [] { return Frame() != nullptr && IsWindowVisible(Frame()); })) {
+            Fail("no visible frame window after " + std::to_string(seconds) + " s");
+        }
+        std::printf("wait-frame ok\n");
+        return at + 2;
+    }
+    if (name == "wait-gone") {
+        const int seconds = ToNumber(argument(1), "seconds");
+        if (!WaitFor(seconds, [] { return Frame() == nullptr; })) {
+            Fail("the frame window is still there after " + std::to_string(seconds) + " s");
+        }
+        std::printf("wait-gone ok\n");
+        return at + 2;
+    }
+    if (name == "wait-window") {
+        TitleSearch search{argument(1).c_str(), nullptr};
+        const int seconds = ToNumber(argument(2), "seconds");
+        const bool found = WaitFor(seconds, [&] {
+            EnumWindows(MatchTitle, reinterpret_cast<LPARAM>(&search));
+            return search.found != nullptr;
+        });
+        if (!found) Fail("no window titled '" + argument(1) + "'");
+        std::printf("wait-window ok\n");
+        return at + 3;
+    }
+    if (name == "title") {
+        std::printf("title %s\n", TitleOf(RequireFrame()).c_str());
+        return at + 1;
+    }
+    if (name == "frame-rect") {
+        RECT r;
+        GetWindowRect(RequireFrame(), &r);
+        PrintRect("frame-rect", r);
+        return at + 1;
+    }
+    if (name == "frame-state") {
+        HWND frame = RequireFrame();
+        std::printf("frame-state %s\n", IsZoomed(frame)   ? "maximized"
+                                        : IsIconic(frame) ? "minimized"
+                                                          : "normal");
+        return at + 1;
+    }
+    if (name == "client-size") {
+        RECT r;
+        GetClientRect(RequireFrame(), &r);
+        std::printf("client-size %ld %ld\n", r.right, r.bottom);
+        return at + 1;
+    }
+    if (name == "child-rect") {
+        HWND frame = RequireFrame();
+        HWND child = FindWindowExA(frame, nullptr, argument(1).c_str(), nullptr);
+        if (child == nullptr) Fail("the frame has no child of class " + argument(1));
+        RECT r;
+        GetWindowRect(child, &r);
+        MapWindowPoints(nullptr, frame, reinterpret_cast<POINT*>(&r), 2);
+        PrintRect("child-rect", r);
+        return at + 2;
+    }
+    if (name == "children") {
+        const std::vector<HWND> children = MdiChildren();
+        std::printf("children %d\n", static_cast<int>(children.size()));
+        for (HWND child : children) std::printf("child %s\n", TitleOf(child).c_str());
+        return at + 1;
+    }
+    if (name == "active") {
+        HWND active =
+            reinterpret_cast<HWND>(SendMessageA(MdiClient(), WM_MDIGETACTIVE, 0, 0));
+        std::printf("active %s\n", active != nullptr ? TitleOf(active).c_str() : "-");
+        return at + 1;
+    }
+    if (name == "command" || name == "post-command") {
+        const int row = ToNumber(argument(1), "command row");
+        const WPARAM id = static_cast<WPARAM>(CommandIdBase + row);
+        if (name == "command") {
+            SendMessageA(RequireFrame(), WM_COMMAND, id, 0);
+        } else {
+            PostMessageA(RequireFrame(), WM_COMMAND, id, 0);
+        }
+        std::printf("%s %d\n", name.c_str(), row);
+        return at + 2;
+    }
+    if (name == "type") {
+        HWND active =
+            reinterpret_cast<HWND>(SendMessageA(MdiClient(), WM_MDIGETACTIVE, 0, 0));
+        if (active == nullptr) Fail("no active edit window to type into");
+        for (unsigned char c : argument(1)) SendMessageA(active, WM_CHAR, c, 1);
+        std::printf("type ok\n");
+        return at + 2;
+    }
+    if (name == "move") {
+        const int x = ToNumber(argument(1), "x");
+        const int y = ToNumber(argument(2), "y");
+        const int width = ToNumber(argument(3), "width");
+        const int height = ToNumber(argument(4), "height");
+        if (!SetWindowPos(RequireFrame(), nullptr, x, y, width, height,
+                          SWP_NOZORDER | SWP_NOACTIVATE)) {
+            Fail("SetWindowPos failed");
+        }
+        std::printf("move ok\n");
+        return at + 5;
+    }
+    if (name == "show") {
+        const std::string& how = argument(1);
+        WPARAM command = 0;
+        if (how == "max") command = SC_MAXIMIZE;
+        else if (how == "min") command = SC_MINIMIZE;
+        else if (how == "restore") command = SC_RESTORE;
+        else Fail("show takes max, min or restore, not '" + how + "'");
+        SendMessageA(RequireFrame(), WM_SYSCOMMAND, command, 0);
+        std::printf("show ok\n");
+        return at + 2;
+    }
+    if (name == "clipboard") {
+        PrintClipboard();
+        return at + 1;
+    }
+    if (name == "close") {
+        PostMessageA(RequireFrame(), WM_CLOSE, 0, 0);
+        std::printf("close ok\n");
+        return at + 1;
+    }
+    if (name == "sleep") {
+        Sleep(static_cast<DWORD>(ToNumber(argument(1), "milliseconds")));
+        return at + 2;
+    }
+    Fail("unknown command '" + name + "'");
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    std::vector<std::string> args(argv + 1, argv + argc);
+    if (args.empty()) Fail("no command given (see the top of ruvo_driver.cpp)");
+    for (size_t at = 0; at < args.size();) {
+        at = Run(args, at);
+        std::fflush(stdout);
+    }
+    return 0;
+}
