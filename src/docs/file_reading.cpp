@@ -23,7 +23,10 @@ constexpr size_t BlockSize = 1 << 16;
 // from large blocks of the file.
 class ChunkReader {
 public:
-    explicit ChunkReader(std::FILE* file) : file_(file), block_(new char[BlockSize]) {}
+    explicit ChunkReader(std::FILE* file) : file_(file), block_(new char[BlockSize]) {
+        // The blocks are large already; the stream's own buffer would only add a copy.
+        std::setvbuf(file_, nullptr, _IONBF, 0);
+    }
 
     // The next piece (ending after a LF or after 254 characters), or false at the end.
     bool Next(const char*& piece, size_t& length) {
@@ -77,6 +80,11 @@ long readLines(std::FILE* file, LineList& lines) {
         endedWithNewline = length > 0 && piece[length - 1] == '\n';
         if (endedWithNewline) --length;
         if (length > 0 && piece[length - 1] == '\r') --length;
+        // Large files grow the array by half its size at a time, not by growBy slots, so
+        // that its copies do not dominate the load.
+        if (lines.lineCount + 1 >= lines.capacity && lines.capacity >= 4 * lines.growBy &&
+            MakeRoom(&lines, lines.lineCount, lines.capacity / 2) != 0)
+            return -1;
         if (AppendLine(&lines, std::string_view(piece, length)) != 0) return -1;
     }
     if (endedWithNewline && AppendLine(&lines, "") != 0) return -1;

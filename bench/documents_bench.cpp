@@ -1,0 +1,168 @@
+// Document benchmarks: loading and saving a 50 MB HDL file beside one plain fread / fwrite of
+// the same bytes, with the ratios printed at the end.
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "docs/documents.h"
+#include "docs/file_saving.h"
+#include "engine/edit_buffer.h"
+#include "engine/editor.h"
+#include "fake_host.h"
+
+namespace ruvo {
+namespace {
+
+constexpr long long TargetBytes = 50LL * 1024 * 1024;
+
+struct Files {
+    std::string folder;
+    std::string source; // the generated HDL file
+    std::string target; // where saves go
+    std::string bytes;  // the source's content
+};
+
+// VHDL-like text with CR LF line ends, indentation, tabs and comments.
+std::string MakeHdl() {
+    std::string text;
+    text.reserve(static_cast<size_t>(TargetBytes) + 256);
+    int unit = 0;
+    while (static_cast<long long>(text.size()) < TargetBytes) {
+        const std::string n = std::to_string(unit++);
+        text += "-- unit " + n + ": generated register bank\r\n";
+        text += "entity reg" + n + " is\r\n";
+        text += "  port (clk, rst : in std_logic;\r\n";
+        text += "\td : in std_logic_vector(31 downto 0);\r\n";
+        text += "\tq : out std_logic_vector(31 downto 0));\r\n";
+        text += "end reg" + n + ";\r\n\r\n";
+        text += "architecture rtl of reg" + n + " is\r\nbegin\r\n";
+        text += "  process (clk, rst) begin\r\n";
+        text += "    if rst = '1' then q <= (others => '0');\r\n";
+        text += "    elsif rising_edge(clk) then q <= d; end if;\r\n";
+        text += "  end process;\r\nend rtl;\r\n\r\n";
+    }
+    return text;
+}
+
+Files& TheFiles() {
+    static Files files = [] {
+        Files f;
+        std::string pattern = (std::filesystem::temp_directory_path() / "ruvo-bench-XXXXXX").string();
+        f.folder = mkdtemp(pattern.data());
+        f.source = f.folder + "/big.vhd";
+        f.target = f.folder + "/saved.vhd";
+        f.bytes = MakeHdl();
+        std::FILE* out = std::fopen(f.source.c_str(), "wb");
+        std::fwrite(f.bytes.data(), 1, f.bytes.size(), out);
+        std::fclose(out);
+        return f;
+    }();
+    return files;
+}
+
+void PlainRead(benchmark::State& state) {
+    Files& files = TheFiles();
+    std::vector<char> data(files.bytes.size());
+    for (auto _ : state) {
+        std::FILE* in = std::fopen(files.source.c_str(), "rb");
+        const size_t got = std::fread(data.data(), 1, data.size(), in);
+        std::fclose(in);
+        benchmark::DoNotOptimize(got);
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(files.bytes.size()));
+}
+BENCHMARK(PlainRead)->Unit(benchmark::kMillisecond);
+
+void LoadFile(benchmark::State& state) {
+    Files& files = TheFiles();
+    for (auto _ : state) {
+        if (openFile(files.source, 0, 0, KindDocument) != 0) state.SkipWithError("open failed");
+        EditBuffer* buffer = TheEditor().engine.currentBuffer;
+        benchmark::DoNotOptimize(buffer->lines.lineCount);
+        state.PauseTiming();
+        closeBuffer(*buffer);
+        state.ResumeTiming();
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(files.bytes.size()));
+}
+BENCHMARK(LoadFile)->Unit(benchmark::kMillisecond);
+
+void PlainWrite(benchmark::State& state) {
+    Files& files = TheFiles();
+    for (auto _ : state) {
+        std::FILE* out = std::fopen(files.target.c_str(), "wb");
+        const size_t put = std::fwrite(files.bytes.data(), 1, files.bytes.size(), out);
+        std::fclose(out);
+        benchmark::DoNotOptimize(put);
+    }
+    state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(files.bytes.size()));
+}
+BENCHMARK(PlainWrite)->Unit(benchmark::kMillisecond);
+
+void SaveFile(benchmark::State& state) {
+    Files& files = TheFiles();
+    if (openFile(files.source, 0, 0, KindDocument) != 0) state.SkipWithError("open failed");
+    EditBuffer* buffer = TheEditor().engine.currentBuffer;
+    auto& host = static_cast<FakeHost&>(TheEditor().host);
+    for (auto _ : state) {
+        if (saveBuffer(files.target, *buffer) != 0) state.SkipWithError("save failed");
+        state.PauseTiming();
+        host.progressEvents.clear();
+        host.statusTexts.clear();
+        state.ResumeTiming();
+    }
+    closeBuffer(*buffer);
+    state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(files.bytes.size()));
+}
+BENCHMARK(SaveFile)->Unit(benchmark::kMillisecond);
+
+// The console report, then each measured figure as a ratio against its plain baseline.
+class RatioReporter : public benchmark::ConsoleReporter {
+  public:
+    void ReportRuns(const std::vector<Run>& runs) override {
+        for (const Run& run : runs) times_[run.benchmark_name()] = run.GetAdjustedRealTime();
+        ConsoleReporter::ReportRuns(runs);
+    }
+    void Finalize() override {
+        ConsoleReporter::Finalize();
+        PrintRatio("LoadFile", "PlainRead");
+        PrintRatio("SaveFile", "PlainWrite");
+    }
+
+  private:
+    void PrintRatio(const std::string& measured, const std::string& baseline) {
+        auto m = times_.find(measured);
+        auto b = times_.find(baseline);
+        if (m == times_.end() || b == times_.end() || b->second <= 0) return;
+        std::printf("ratio %s / %s = %.2f\n", measured.c_str(), baseline.c_str(),
+                    m->second / b->second);
+    }
+    std::map<std::string, double> times_;
+};
+
+} // namespace
+} // namespace ruvo
+
+int main(int argc, char** argv) {
+    ruvo::FakeHost host;
+    auto editor = std::make_unique<ruvo::Editor>(host);
+    ruvo::InstallEditor(editor.get());
+
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+    ruvo::RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    benchmark::Shutdown();
+
+    editor.reset();
+    ruvo::InstallEditor(nullptr);
+    std::error_code ignored;
+    std::filesystem::remove_all(ruvo::TheFiles().folder, ignored);
+    return 0;
+}
