@@ -17,17 +17,19 @@ inline unsigned char Fold(char c) {
 
 inline unsigned char Exact(char c) { return static_cast<unsigned char>(c); }
 
-// Compares text against word: the first word.size() characters of text decide (missing ones
-// count as smaller); when they are equal, the word matches only at an identifier boundary,
-// and text counts as greater otherwise.
+// Compares text against a word of n characters: the first n characters of text decide
+// (missing ones count as smaller); when they are equal, the word matches only at an identifier
+// boundary, and text counts as greater otherwise. On a match, length receives n.
 template <unsigned char (*Map)(char)>
-int CompareAtPosition(std::string_view text, std::string_view word) {
-    for (size_t i = 0; i < word.size(); ++i) {
+int CompareAtPosition(std::string_view text, const char* word, int& length) {
+    size_t i = 0;
+    for (; word[i] != '\0'; ++i) {
         const int t = i < text.size() ? Map(text[i]) : 0;
         const int w = Map(word[i]);
         if (t != w) return t - w;
     }
-    if (text.size() > word.size() && IsIdentifierChar(text[word.size()])) return 1;
+    if (i < text.size() && IsIdentifierChar(text[i])) return 1;
+    length = static_cast<int>(i);
     return 0;
 }
 
@@ -37,9 +39,9 @@ template <unsigned char (*Map)(char)> int SearchGroup(const WordArray& words, st
     int high = words.Count();
     while (low < high) {
         const int middle = low + (high - low) / 2;
-        const std::string_view word = words[middle];
-        const int order = CompareAtPosition<Map>(text, word);
-        if (order == 0) return static_cast<int>(word.size());
+        int length = 0;
+        const int order = CompareAtPosition<Map>(text, words[middle], length);
+        if (order == 0) return length;
         if (order < 0)
             high = middle;
         else

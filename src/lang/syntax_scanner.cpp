@@ -48,14 +48,16 @@ Token TokenAt(std::string_view line, size_t at, const LanguageDef& language) {
     const std::string_view rest = line.substr(at);
     const int32_t restLength = static_cast<int32_t>(rest.size());
     const std::string_view comment = language.lineComment;
-    if (!comment.empty() && rest.substr(0, comment.size()) == comment)
+    if (!comment.empty() && rest[0] == comment[0] && rest.substr(0, comment.size()) == comment)
         return {restLength, language.comment, RunKind::Comment, 0};
     if (IsAsciiLetter(rest[0])) {
         const KeywordMatch keyword = FindKeyword(language, rest);
         if (keyword.length > 0)
             return {keyword.length, keyword.attribute, RunKind::Keyword, keyword.group};
     }
-    if (!language.expanderNames.Empty() && FindAbbreviation(language, rest) >= 0)
+    // Only the last few characters of a line can be an abbreviation name.
+    if (restLength <= language.expanderNames.LongestLength() &&
+        FindAbbreviation(language, rest) >= 0)
         return {restLength, language.expander, RunKind::Abbreviation, 0};
     if (rest[0] == '"') {
         const size_t close = rest.find('"', 1);

@@ -22,12 +22,14 @@ WordArray& WordArray::operator=(const WordArray& other) {
 }
 
 WordArray::WordArray(WordArray&& other) noexcept
-    : count_(std::exchange(other.count_, 0)), words_(std::exchange(other.words_, nullptr)) {}
+    : count_(std::exchange(other.count_, 0)), longest_(std::exchange(other.longest_, 0)),
+      words_(std::exchange(other.words_, nullptr)) {}
 
 WordArray& WordArray::operator=(WordArray&& other) noexcept {
     if (this != &other) {
         Clear();
         count_ = std::exchange(other.count_, 0);
+        longest_ = std::exchange(other.longest_, 0);
         words_ = std::exchange(other.words_, nullptr);
     }
     return *this;
@@ -47,6 +49,7 @@ bool WordArray::Append(std::string_view word) {
     }
     words_ = static_cast<char**>(grown);
     words_[count_++] = static_cast<char*>(text);
+    if (static_cast<int>(word.size()) > longest_) longest_ = static_cast<int>(word.size());
     return true;
 }
 
@@ -66,6 +69,7 @@ void WordArray::Clear() {
     Release(words_);
     words_ = nullptr;
     count_ = 0;
+    longest_ = 0;
 }
 
 } // namespace ruvo

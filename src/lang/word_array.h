@@ -23,6 +23,8 @@ public:
     void Clear();
 
     int Count() const { return count_; }
+    // No word is longer than this (a bound: dropping a word does not lower it).
+    int LongestLength() const { return longest_; }
     bool Empty() const { return count_ == 0; }
     const char* operator[](int index) const { return words_[index]; }
     // For reordering in place (sorting).
@@ -33,6 +35,7 @@ public:
 
 private:
     int count_ = 0;
+    int longest_ = 0;
     char** words_ = nullptr;
 };
 
