@@ -19,7 +19,7 @@ namespace {
 // A host that does nothing with redraws and command states, so that only the engine is timed
 // and nothing accumulates over millions of steps.
 class QuietHost : public FakeHost {
-public:
+  public:
     void EnableCommand(int, bool) override {}
     void RedrawLine(EditBuffer&, int) override {}
     void RedrawWindow(EditBuffer&) override {}
@@ -39,7 +39,7 @@ BenchEditor& Bench() {
 
 // A buffer of lineCount lines of HDL-like text, current, with a fresh log.
 class BenchBuffer {
-public:
+  public:
     explicit BenchBuffer(int lineCount) {
         Bench();
         buffer.lines.growBy = 1000;
@@ -93,9 +93,9 @@ void BM_Typing(benchmark::State& state) {
         state.ResumeTiming();
     }
     state.SetItemsProcessed(state.iterations() * TypedPerRun);
-    state.counters["ns_per_char"] = benchmark::Counter(
-        static_cast<double>(state.iterations() * TypedPerRun),
-        benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+    state.counters["ns_per_char"] =
+        benchmark::Counter(static_cast<double>(state.iterations() * TypedPerRun),
+                           benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
 }
 BENCHMARK(BM_Typing)->Arg(10)->Arg(1000000)->Unit(benchmark::kMillisecond);
 
@@ -150,9 +150,9 @@ void BM_UndoRedoHistory(benchmark::State& state) {
             if (RedoTransaction(bench.buffer) != 0) state.SkipWithError("redo refused");
     }
     state.SetItemsProcessed(state.iterations() * 2 * HistoryLength);
-    state.counters["ns_per_step"] = benchmark::Counter(
-        static_cast<double>(state.iterations() * 2 * HistoryLength),
-        benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
+    state.counters["ns_per_step"] =
+        benchmark::Counter(static_cast<double>(state.iterations() * 2 * HistoryLength),
+                           benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
     // Each record holds "" and "x" with their NULs: 3 bytes of texts.
     constexpr long TextBytes = 3;
     state.counters["bytes_per_txn_total"] = static_cast<double>(recorded) / HistoryLength;

@@ -21,7 +21,8 @@ void OpenGap(char* s, int n) {
 void ReplacePrefix(char* s, int n, std::string_view t) {
     if (s == nullptr) return;
     const size_t length = std::strlen(s);
-    const size_t cut = n <= 0 ? 0 : (static_cast<size_t>(n) < length ? static_cast<size_t>(n) : length);
+    const size_t cut =
+        n <= 0 ? 0 : (static_cast<size_t>(n) < length ? static_cast<size_t>(n) : length);
     std::memmove(s + t.size(), s + cut, length - cut + 1);
     if (!t.empty()) std::memcpy(s, t.data(), t.size());
 }

@@ -18,16 +18,22 @@ struct TextRange {
     friend bool operator==(const TextRange&, const TextRange&) = default;
 };
 
-constexpr TextPos MakePos(int32_t line, int32_t column) { return TextPos{line, column}; }
+constexpr TextPos MakePos(int32_t line, int32_t column) {
+    return TextPos{line, column};
+}
 
-constexpr bool PosEqual(TextPos a, TextPos b) { return a.line == b.line && a.column == b.column; }
+constexpr bool PosEqual(TextPos a, TextPos b) {
+    return a.line == b.line && a.column == b.column;
+}
 
 // Line first, then column.
 constexpr bool PosLess(TextPos a, TextPos b) {
     return a.line < b.line || (a.line == b.line && a.column < b.column);
 }
 
-constexpr bool PosLessOrEqual(TextPos a, TextPos b) { return !PosLess(b, a); }
+constexpr bool PosLessOrEqual(TextPos a, TextPos b) {
+    return !PosLess(b, a);
+}
 
 constexpr void SwapPos(TextPos& a, TextPos& b) {
     const TextPos kept = a;

@@ -138,8 +138,7 @@ TextPos EndOfInsertion(TextPos start, std::string_view text) {
     const size_t last = text.rfind('\n');
     if (last == std::string_view::npos)
         return MakePos(start.line, start.column + static_cast<int32_t>(text.size()));
-    return MakePos(start.line + CountNewlines(text),
-                   static_cast<int32_t>(text.size() - last - 1));
+    return MakePos(start.line + CountNewlines(text), static_cast<int32_t>(text.size() - last - 1));
 }
 
 int CountNewlines(std::string_view text) {
@@ -233,14 +232,17 @@ int InsertText(EditBuffer& buffer, std::string_view text, int32_t line, int32_t 
                           ? NewLine({}, text.substr(from), tail)
                           : NewLine(from == 0 ? head : std::string_view{},
                                     StoredPiece(text, from, lineFeed), {});
-        if (piece == nullptr) failed = true;
-        else made.push_back(piece);
+        if (piece == nullptr)
+            failed = true;
+        else
+            made.push_back(piece);
         if (lineFeed == std::string_view::npos) break;
         from = lineFeed + 1;
     }
     const int32_t added = static_cast<int32_t>(made.size()) - 1;
     if (failed || MakeRoom(&lines, line, added) != 0) {
-        for (char* piece : made) Release(piece);
+        for (char* piece : made)
+            Release(piece);
         return 0;
     }
     Release(lines.lineText[line]);
@@ -274,27 +276,32 @@ int DeleteRange(EditBuffer& buffer, TextPos start, TextPos end) {
     if (end.line < lines.lineCount) {
         const int length = LineLength(lines, end.line);
         const int from = std::clamp(end.column, 0, length);
-        suffix = std::string_view(lines.lineText[end.line] + from, static_cast<size_t>(length - from));
+        suffix =
+            std::string_view(lines.lineText[end.line] + from, static_cast<size_t>(length - from));
     }
     if (static_cast<size_t>(start.column) + suffix.size() > MaxLineLength) return 0;
 
     char* first = lines.lineText[start.line];
     if (lastLine == start.line) {
         // Within one line the string only shrinks: move the suffix down in place.
-        if (suffix.empty()) first[start.column] = '\0';
-        else std::memmove(first + start.column, suffix.data(), suffix.size() + 1);
+        if (suffix.empty())
+            first[start.column] = '\0';
+        else
+            std::memmove(first + start.column, suffix.data(), suffix.size() + 1);
         lines.modified = 1;
         return 1;
     }
     char* joined = NewLine(std::string_view(first, static_cast<size_t>(start.column)), suffix, {});
     if (joined == nullptr) return 0;
-    for (int32_t line = start.line; line <= lastLine; ++line) Release(lines.lineText[line]);
+    for (int32_t line = start.line; line <= lastLine; ++line)
+        Release(lines.lineText[line]);
     lines.lineText[start.line] = joined;
     const int32_t removed = lastLine - start.line;
     std::memmove(lines.lineText + start.line + 1, lines.lineText + lastLine + 1,
                  static_cast<size_t>(lines.lineCount - lastLine - 1) * sizeof(char*));
     lines.lineCount -= removed;
-    for (int32_t i = lines.lineCount; i < lines.lineCount + removed; ++i) lines.lineText[i] = nullptr;
+    for (int32_t i = lines.lineCount; i < lines.lineCount + removed; ++i)
+        lines.lineText[i] = nullptr;
     lines.modified = 1;
     return 1;
 }

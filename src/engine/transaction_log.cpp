@@ -41,7 +41,9 @@ void LogMessage(const char* text) {
 }
 
 // A caller passed a code the log does not know; the box has no caption and work goes on.
-void CodeBug(const char* text) { TheEditor().host.ErrorBox("", text); }
+void CodeBug(const char* text) {
+    TheEditor().host.ErrorBox("", text);
+}
 
 void UpdateUndoRedoCommands(const EditBuffer& buffer) {
     if (!IsBufferOnShow(buffer)) return;
@@ -72,9 +74,12 @@ int32_t ResolveTopLine(const EditBuffer& buffer, int32_t code, int32_t line) {
     } else if (code == ScrollCentre || code == ScrollCentreIfHidden) {
         result = line - rows / 2;
     } else if (code == ScrollShow) {
-        if (line < top) result = line;
-        else if (line - rows + 1 > top) result = line - rows + 1;
-        else result = top;
+        if (line < top)
+            result = line;
+        else if (line - rows + 1 > top)
+            result = line - rows + 1;
+        else
+            result = top;
     } else if (code == ScrollKeep) {
         result = top;
     } else if (code < 0) {
@@ -183,7 +188,9 @@ void FreeTransactionsFrom(EditBuffer& buffer, Transaction* record) {
     }
 }
 
-void ClearTransactionLog(EditBuffer& buffer) { FreeTransactionsFrom(buffer, buffer.undoHead); }
+void ClearTransactionLog(EditBuffer& buffer) {
+    FreeTransactionsFrom(buffer, buffer.undoHead);
+}
 
 void ResetTransactionLog(EditBuffer& buffer) {
     ClearTransactionLog(buffer);
@@ -225,8 +232,10 @@ void RecordEdit(EditBuffer& buffer, TextPos start, TextPos end, std::string_view
                                          before->selEndAfter) != 0;
             undone = undone->prev;
         }
-        if (appended) buffer.undoCurrent = buffer.undoTail;
-        else FreeTransactionsFrom(buffer, current->next);
+        if (appended)
+            buffer.undoCurrent = buffer.undoTail;
+        else
+            FreeTransactionsFrom(buffer, current->next);
     }
 
     if (PosLess(end, start)) SwapPos(start, end);
@@ -273,9 +282,9 @@ int RedoTransaction(EditBuffer& buffer) {
             SetCursorAndScroll(buffer, record->cursorAfter, record->topLineAfter,
                                record->leftColumnAfter);
             const bool scrolled = buffer.topLine != oldTop || buffer.leftColumn != oldLeft;
-            const bool withinOneLine = EndOfInsertion(record->start, oldText).line ==
-                                           record->start.line &&
-                                       newText.find('\n') == std::string_view::npos;
+            const bool withinOneLine =
+                EndOfInsertion(record->start, oldText).line == record->start.line &&
+                newText.find('\n') == std::string_view::npos;
             Repaint(buffer, scrolled, withinOneLine, record->start,
                     oldText.empty() && newText.empty());
             SetSelection(buffer, record->selStartAfter, record->selEndAfter);
@@ -310,9 +319,9 @@ int UndoTransaction() {
             SetCursorAndScroll(*buffer, before->cursorAfter, before->topLineAfter,
                                before->leftColumnAfter);
             const bool scrolled = buffer->topLine != oldTop || buffer->leftColumn != oldLeft;
-            const bool withinOneLine = EndOfInsertion(record->start, newText).line ==
-                                           record->start.line &&
-                                       oldText.find('\n') == std::string_view::npos;
+            const bool withinOneLine =
+                EndOfInsertion(record->start, newText).line == record->start.line &&
+                oldText.find('\n') == std::string_view::npos;
             Repaint(*buffer, scrolled, withinOneLine, record->start,
                     oldText.empty() && newText.empty());
             SetSelection(*buffer, before->selStartAfter, before->selEndAfter);

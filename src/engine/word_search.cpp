@@ -11,7 +11,9 @@ namespace ruvo {
 
 namespace {
 
-bool IsLetterOrDigit(char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0; }
+bool IsLetterOrDigit(char c) {
+    return std::isalnum(static_cast<unsigned char>(c)) != 0;
+}
 
 int Length(const EditBuffer& buffer, int32_t line) {
     return static_cast<int>(std::strlen(buffer.lines.lineText[line]));
@@ -43,7 +45,9 @@ bool Candidate(const EditBuffer& buffer, TextPos pos, std::string_view pattern, 
 
 } // namespace
 
-bool IsWordChar(char c) { return IsLetterOrDigit(c) || c == '_'; }
+bool IsWordChar(char c) {
+    return IsLetterOrDigit(c) || c == '_';
+}
 
 TextRange WordBounds(const EditBuffer& buffer, TextPos pos) {
     TextRange word{pos, pos};
@@ -51,8 +55,10 @@ TextRange WordBounds(const EditBuffer& buffer, TextPos pos) {
     const char* line = buffer.lines.lineText[pos.line];
     if (pos.column < 0 || pos.column >= Length(buffer, pos.line)) return word;
     if (!IsLetterOrDigit(line[pos.column])) return word;
-    while (word.start.column > 0 && IsWordChar(line[word.start.column - 1])) --word.start.column;
-    while (IsWordChar(line[word.end.column])) ++word.end.column;
+    while (word.start.column > 0 && IsWordChar(line[word.start.column - 1]))
+        --word.start.column;
+    while (IsWordChar(line[word.end.column]))
+        ++word.end.column;
     return word;
 }
 

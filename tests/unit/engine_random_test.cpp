@@ -24,7 +24,7 @@ struct ModelState {
 
 // The history as the log keeps it: nothing is ever lost, undone steps come back as inverses.
 class Model {
-public:
+  public:
     explicit Model(const Lines& text) { states_.push_back({std::make_shared<Lines>(text), {}}); }
 
     const Lines& Text() const { return *states_[current_].text; }
@@ -33,7 +33,8 @@ public:
 
     void ReRecordUndone() {
         const size_t tail = states_.size() - 1;
-        for (size_t k = tail; k > current_; --k) states_.push_back(states_[k - 1]);
+        for (size_t k = tail; k > current_; --k)
+            states_.push_back(states_[k - 1]);
         current_ = states_.size() - 1;
     }
     void Append(const Lines& text, TextPos cursor) {
@@ -51,7 +52,7 @@ public:
         return true;
     }
 
-private:
+  private:
     std::vector<ModelState> states_;
     size_t current_ = 0;
 };
@@ -102,7 +103,7 @@ Outcome Replace(const Lines& text, TextPos start, TextPos end, const std::string
 }
 
 class EngineRandomTest : public EditorTest, public ::testing::WithParamInterface<unsigned> {
-protected:
+  protected:
     std::mt19937 random{GetParam()};
 
     int Below(int n) { return n <= 0 ? 0 : std::uniform_int_distribution<int>(0, n - 1)(random); }
@@ -115,7 +116,8 @@ protected:
     std::string Word(int maxLength) {
         static const char alphabet[] = "abcdefghij klmnopqrstuvwxyz_0123456789\t";
         std::string word(static_cast<size_t>(Below(maxLength) + 1), ' ');
-        for (char& c : word) c = alphabet[Below(sizeof alphabet - 1)];
+        for (char& c : word)
+            c = alphabet[Below(sizeof alphabet - 1)];
         return word;
     }
 
@@ -233,10 +235,12 @@ TEST_P(EngineRandomTest, EveryStepMatchesTheModelAndEverythingCanBeUndone) {
     EXPECT_GT(refused, 0);
 
     // Every state stays reachable: all the way back to the start, and forward again.
-    while (model.Undo()) ASSERT_EQ(UndoTransaction(), 0);
+    while (model.Undo())
+        ASSERT_EQ(UndoTransaction(), 0);
     EXPECT_EQ(UndoTransaction(), 1);
     EXPECT_TRUE(Matches(*buffer, start));
-    while (model.Redo()) ASSERT_EQ(RedoTransaction(*buffer), 0);
+    while (model.Redo())
+        ASSERT_EQ(RedoTransaction(*buffer), 0);
     EXPECT_TRUE(Matches(*buffer, model.Text()));
     for (const FakeHost::Box& box : host.boxes)
         EXPECT_EQ(box.text, "Transaction ignored because\nresulting line would become too long. ");

@@ -118,7 +118,8 @@ TEST_F(TextStoreTest, RangeTextJoinsLinesWithTheChosenSeparator) {
     EXPECT_STREQ(whole, "abc\r\nde\r\nfgh");
     EXPECT_STREQ(empty, "");
     EXPECT_STREQ(backwards, "");
-    for (char* text : {lf, crlf, whole, empty, backwards}) Release(text);
+    for (char* text : {lf, crlf, whole, empty, backwards})
+        Release(text);
     EXPECT_EQ(RangeText(*buffer, MakePos(0, 1), MakePos(2, 99)), "bc\nde\nfgh");
 
     EXPECT_TRUE(TextStandsAt(*buffer, MakePos(0, 2), "c\nde\nf"));

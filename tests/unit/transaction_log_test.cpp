@@ -17,7 +17,7 @@ constexpr ScrollTarget Show{ScrollShow, ScrollShow};
 constexpr TextPos Origin{0, 0};
 
 class TransactionLogTest : public EditorTest {
-protected:
+  protected:
     int Row(const char* name) {
         int index = -1;
         CommandByName(name, nullptr, false, &index);
@@ -73,7 +73,8 @@ TEST_F(TransactionLogTest, EditingAfterUndoKeepsTheUndoneStepsReachable) {
     EXPECT_FALSE(Enabled("EditUndo"));
 
     // Redo walks the same way forward again.
-    for (int i = 0; i < 6; ++i) EXPECT_EQ(RedoTransaction(*buffer), 0);
+    for (int i = 0; i < 6; ++i)
+        EXPECT_EQ(RedoTransaction(*buffer), 0);
     EXPECT_EQ(buffer.Text(), "ax");
     EXPECT_EQ(RedoTransaction(*buffer), 1);
     EXPECT_TRUE(host.boxes.empty());
@@ -214,8 +215,8 @@ TEST_F(TransactionLogTest, CaretMovesAreUndoneWithoutTouchingTheText) {
     EXPECT_EQ(buffer->selEnd, MakePos(1, 2));
     EXPECT_EQ(buffer->lines.hasSelection, 1);
     EXPECT_TRUE(Enabled("EditCopy"));
-    EXPECT_EQ(host.redrawnLines, (std::vector<std::pair<EditBuffer*, int>>{{buffer.get(), 0},
-                                                                           {buffer.get(), 1}}));
+    EXPECT_EQ(host.redrawnLines,
+              (std::vector<std::pair<EditBuffer*, int>>{{buffer.get(), 0}, {buffer.get(), 1}}));
     EXPECT_TRUE(host.redrawnWindows.empty());
     EXPECT_EQ(UndoTransaction(), 0);
     EXPECT_EQ(buffer->lines.hasSelection, 0);
@@ -247,7 +248,8 @@ TEST_F(TransactionLogTest, OneLineIsRedrawnUnlessLinesOrTheViewChange) {
 
 TEST_F(TransactionLogTest, ScrollCodesKeepTheCaretInView) {
     std::string text;
-    for (int i = 0; i < 100; ++i) text += "line " + std::to_string(i) + "\n";
+    for (int i = 0; i < 100; ++i)
+        text += "line " + std::to_string(i) + "\n";
     TestBuffer buffer(text + "\t\tdeep");
     buffer->visibleLines = 10;
     buffer->visibleColumns = 20;
@@ -328,9 +330,9 @@ TEST_F(TransactionLogTest, RunningOutOfMemoryClearsTheHistory) {
     std::vector<std::string> logMessages;
     for (const FakeHost::Box& box : host.boxes)
         if (box.text.rfind("Alloc failed", 0) != 0) logMessages.push_back(box.text);
-    EXPECT_EQ(logMessages, (std::vector<std::string>{
-                               "Out of memory; transaction ignored ; history cleared",
-                               "Running out of memory"}));
+    EXPECT_EQ(logMessages,
+              (std::vector<std::string>{"Out of memory; transaction ignored ; history cleared",
+                                        "Running out of memory"}));
     EXPECT_EQ(buffer->undoHead, nullptr);
 
     // Once memory is back, the next edit starts a new log.
