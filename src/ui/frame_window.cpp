@@ -41,10 +41,12 @@ FrameShowState ShowStateOf(HWND window) {
             IsZoomed(window) != FALSE};
 }
 
-HWND CreateChild(HWND frame, const char* className, DWORD style, int id, void* parameter) {
-    return CreateWindowExA(0, className, nullptr, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0,
-                           frame, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
-                           Shell().instance, parameter);
+HWND CreateChild(HWND frame, const char* className, DWORD style, int id, const RECT& area,
+                 void* parameter) {
+    return CreateWindowExA(0, className, nullptr, WS_CHILD | WS_VISIBLE | style, area.left,
+                           area.top, area.right - area.left, area.bottom - area.top, frame,
+                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), Shell().instance,
+                           parameter);
 }
 
 // The button bar's thickness across its edge; it has none until buttons are defined.
@@ -82,10 +84,15 @@ void OnCreate(HWND frame) {
     HMENU menu = GetMenu(frame);
     client.hWindowMenu = menu != nullptr ? GetSubMenu(menu, WindowMenuPosition) : nullptr;
     client.idFirstChild = FirstWindowListId;
+    // The client covers the whole area until the first size change lays the children out;
+    // edit windows opened from the command line take their default size from it.
+    RECT area;
+    GetClientRect(frame, &area);
     shell.mdiClient = CreateChild(frame, "MDICLIENT", WS_CLIPCHILDREN | WS_VSCROLL | WS_HSCROLL,
-                                  MdiClientId, &client);
-    shell.statusWindow = CreateChild(frame, StatusClassName, 0, 0, nullptr);
-    shell.buttonBar = CreateChild(frame, ButtonBarClassName, 0, 0, nullptr);
+                                  MdiClientId, area, &client);
+    const RECT empty{};
+    shell.statusWindow = CreateChild(frame, StatusClassName, 0, 0, empty, nullptr);
+    shell.buttonBar = CreateChild(frame, ButtonBarClassName, 0, 0, empty, nullptr);
     SetStatusMode(StatusMode::Normal);
 
     OpenCommandLineFiles(shell.commandLine.c_str());

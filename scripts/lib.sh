@@ -1,0 +1,72 @@
+# Helpers shared by scripts/run, scripts/test and scripts/bench: installing what is missing
+# and building. Sourced, not run.
+
+RUVO_ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+RUVO_JOBS=$(nproc 2>/dev/null || echo 2)
+
+# Everything the builds and tests use, as Debian packages.
+RUVO_PACKAGES=(
+    cmake make g++ git python3
+    googletest libgtest-dev libgmock-dev libbenchmark-dev
+    g++-mingw-w64-x86-64 binutils-mingw-w64-x86-64
+    wine wine64
+    xvfb xdotool imagemagick
+)
+
+ruvo_log() { printf '==> %s\n' "$*"; }
+
+ruvo_as_root() {
+    if [[ $(id -u) -eq 0 ]]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo "$@"
+    else
+        echo "error: '$*' needs root; run as root or install sudo" >&2
+        return 1
+    fi
+}
+
+ruvo_missing_packages() {
+    local package
+    for package in "${RUVO_PACKAGES[@]}"; do
+        dpkg-query -W -f='${Status}\n' "$package" 2>/dev/null | grep -q '^install ok installed$' ||
+            echo "$package"
+    done
+}
+
+# apt-get update only runs when something has to be installed.
+ruvo_install_packages() {
+    local missing
+    mapfile -t missing < <(ruvo_missing_packages)
+    if ((${#missing[@]} == 0)); then
+        ruvo_log "all packages present"
+        return 0
+    fi
+    ruvo_log "installing: ${missing[*]}"
+    ruvo_as_root env DEBIAN_FRONTEND=noninteractive apt-get update -q
+    ruvo_as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -q "${missing[@]}"
+}
+
+# Native core, unit tests (under ASan and UBSan) and benchmark programs.
+ruvo_build_native() {
+    ruvo_log "native build in build/native"
+    cmake -S "$RUVO_ROOT" -B "$RUVO_ROOT/build/native" -DCMAKE_BUILD_TYPE=Debug \
+        -DRUVO_SANITIZE=ON -DRUVO_BENCHMARKS=ON >/dev/null &&
+        cmake --build "$RUVO_ROOT/build/native" -j "$RUVO_JOBS"
+}
+
+# ruvo.exe, the e2e driver and the stand-in programs, cross-built with MinGW-w64.
+ruvo_build_mingw() {
+    ruvo_log "MinGW build in build/mingw"
+    cmake -S "$RUVO_ROOT" -B "$RUVO_ROOT/build/mingw" -DCMAKE_BUILD_TYPE=Release \
+        -DCMAKE_TOOLCHAIN_FILE="$RUVO_ROOT/cmake/mingw-w64.cmake" >/dev/null &&
+        cmake --build "$RUVO_ROOT/build/mingw" -j "$RUVO_JOBS"
+}
+
+# Optimised native build of the benchmark programs.
+ruvo_build_bench() {
+    ruvo_log "release build of the benchmarks in build/bench"
+    cmake -S "$RUVO_ROOT" -B "$RUVO_ROOT/build/bench" -DCMAKE_BUILD_TYPE=Release \
+        -DRUVO_SANITIZE=OFF -DRUVO_BENCHMARKS=ON >/dev/null &&
+        cmake --build "$RUVO_ROOT/build/bench" -j "$RUVO_JOBS"
+}
