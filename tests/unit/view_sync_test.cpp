@@ -1,0 +1,107 @@
+// The selection setter and the caret/scroll setter: ordering, clamping, redraws, pushes.
+#include "engine/view_sync.h"
+
+#include <string>
+#include <vector>
+
+#include "buffer_builder.h"
+#include "commands/command_table.h"
+#include "editor_fixture.h"
+
+namespace ruvo {
+namespace {
+
+class ViewSyncTest : public EditorTest {
+  protected:
+    bool CopyEnabled() {
+        int index = -1;
+        CommandByName("EditCopy", nullptr, false, &index);
+        auto found = host.enabledCommands.find(index);
+        return found != host.enabledCommands.end() && found->second;
+    }
+    std::vector<int> RedrawnLines() {
+        std::vector<int> lines;
+        for (const auto& [buffer, line] : host.redrawnLines)
+            lines.push_back(line);
+        host.redrawnLines.clear();
+        return lines;
+    }
+};
+
+TEST_F(ViewSyncTest, SelectionIsOrderedAndOnlyChangedLinesAreRedrawn) {
+    std::string text;
+    for (int i = 0; i < 40; ++i)
+        text += "line number " + std::to_string(i) + "\n";
+    TestBuffer buffer(text);
+    buffer->visibleLines = 10;
+
+    SetSelection(*buffer, MakePos(5, 1), MakePos(2, 3));
+    EXPECT_EQ(buffer->selStart, MakePos(2, 3));
+    EXPECT_EQ(buffer->selEnd, MakePos(5, 1));
+    EXPECT_EQ(buffer->lines.hasSelection, 1);
+    EXPECT_TRUE(CopyEnabled());
+    EXPECT_EQ(RedrawnLines(), (std::vector<int>{2, 3, 4, 5}));
+
+    // Extending the end touches only the old and the new end lines; an end at column 0
+    // shows nothing on its line, so that line is not redrawn.
+    SetSelection(*buffer, MakePos(2, 3), MakePos(6, 0));
+    EXPECT_EQ(RedrawnLines(), (std::vector<int>{5}));
+    SetSelection(*buffer, MakePos(2, 3), MakePos(6, 2));
+    EXPECT_EQ(RedrawnLines(), (std::vector<int>{6}));
+    // Moving the start within its line touches that line only.
+    SetSelection(*buffer, MakePos(2, 0), MakePos(6, 2));
+    EXPECT_EQ(RedrawnLines(), (std::vector<int>{2}));
+    // The same selection again redraws nothing but still pushes the command state.
+    host.enableCalls.clear();
+    SetSelection(*buffer, MakePos(6, 2), MakePos(2, 0));
+    EXPECT_TRUE(RedrawnLines().empty());
+    EXPECT_FALSE(host.enableCalls.empty());
+
+    // Lines outside the window are left alone.
+    SetSelection(*buffer, MakePos(2, 0), MakePos(30, 2));
+    EXPECT_EQ(RedrawnLines(), (std::vector<int>{6, 7, 8, 9, 10}));
+
+    SetSelection(*buffer, MakePos(4, 4), MakePos(4, 4));
+    EXPECT_EQ(buffer->lines.hasSelection, 0);
+    EXPECT_FALSE(CopyEnabled());
+    EXPECT_EQ(RedrawnLines(), (std::vector<int>{2, 3, 4, 5, 6, 7, 8, 9, 10}));
+
+    // Ends outside the text are clamped into it.
+    SetSelection(*buffer, MakePos(-1, 9), MakePos(99, 99));
+    EXPECT_EQ(buffer->selStart, MakePos(0, 9));
+    EXPECT_EQ(buffer->selEnd, MakePos(40, 0));
+}
+
+TEST_F(ViewSyncTest, OnlyTheBufferOnShowPushesTheSelectionCommands) {
+    TestBuffer shown("shown text");
+    TestBuffer hidden("hidden text", false);
+    host.enableCalls.clear();
+    SetSelection(*hidden, MakePos(0, 0), MakePos(0, 3));
+    EXPECT_EQ(hidden->lines.hasSelection, 1);
+    EXPECT_TRUE(host.enableCalls.empty());
+    SetSelection(*shown, MakePos(0, 0), MakePos(0, 3));
+    EXPECT_TRUE(CopyEnabled());
+}
+
+TEST_F(ViewSyncTest, CaretIsClampedAndScrollingIsReported) {
+    TestBuffer buffer("short\nlonger line\nx");
+    SetCursorAndScroll(*buffer, MakePos(1, 40), 0, 0);
+    EXPECT_EQ(buffer->cursor, MakePos(1, 11));
+    EXPECT_EQ(host.scrollUpdates, 0);
+    SetCursorAndScroll(*buffer, MakePos(7, -2), 1, 0);
+    EXPECT_EQ(buffer->cursor, MakePos(2, 0));
+    EXPECT_EQ(buffer->topLine, 1);
+    EXPECT_EQ(host.scrollUpdates, 1);
+    SetCursorAndScroll(*buffer, MakePos(0, 2), 1, 4);
+    EXPECT_EQ(buffer->leftColumn, 4);
+    EXPECT_EQ(host.scrollUpdates, 2);
+    SetCursorAndScroll(*buffer, MakePos(0, 2), -3, -1);
+    EXPECT_EQ(buffer->topLine, 0);
+    EXPECT_EQ(buffer->leftColumn, 0);
+    EXPECT_EQ(host.scrollUpdates, 3);
+    SetCursorAndScroll(*buffer, MakePos(0, 3), 0, 0);
+    EXPECT_EQ(host.scrollUpdates, 3);
+}
+
+} // namespace
+} // namespace ruvo
