@@ -15,7 +15,9 @@ inline unsigned char Fold(char c) {
     return (u >= 'A' && u <= 'Z') ? static_cast<unsigned char>(u + ('a' - 'A')) : u;
 }
 
-inline unsigned char Exact(char c) { return static_cast<unsigned char>(c); }
+inline unsigned char Exact(char c) {
+    return static_cast<unsigned char>(c);
+}
 
 // Compares text against a word of n characters: the first n characters of text decide
 // (missing ones count as smaller); when they are equal, the word matches only at an identifier
@@ -33,7 +35,8 @@ int CompareAtPosition(std::string_view text, const char* word, int& length) {
     return 0;
 }
 
-template <unsigned char (*Map)(char)> int SearchGroup(const WordArray& words, std::string_view text) {
+template <unsigned char (*Map)(char)>
+int SearchGroup(const WordArray& words, std::string_view text) {
     // Halving as bsearch does; the order is the case-folded one even when Map keeps case.
     int low = 0;
     int high = words.Count();
@@ -51,7 +54,8 @@ template <unsigned char (*Map)(char)> int SearchGroup(const WordArray& words, st
 }
 
 int SearchGroup(const LanguageDef& language, const WordArray& words, std::string_view text) {
-    return language.caseSensitive ? SearchGroup<Exact>(words, text) : SearchGroup<Fold>(words, text);
+    return language.caseSensitive ? SearchGroup<Exact>(words, text)
+                                  : SearchGroup<Fold>(words, text);
 }
 
 } // namespace
@@ -100,7 +104,8 @@ int FindAbbreviation(const LanguageDef& language, std::string_view text) {
     for (int i = 0; i < names.Count(); ++i) {
         const char* name = names[i];
         size_t k = 0;
-        while (k < text.size() && name[k] != '\0' && Fold(name[k]) == Fold(text[k])) ++k;
+        while (k < text.size() && name[k] != '\0' && Fold(name[k]) == Fold(text[k]))
+            ++k;
         if (k == text.size() && name[k] == '\0') return i;
     }
     return -1;

@@ -12,7 +12,7 @@ struct EditBuffer;
 struct KeywordMatch {
     int length = 0; // 0: no keyword starts here
     TextAttribute attribute;
-    int group = 0;  // 1 to 5
+    int group = 0; // 1 to 5
 };
 
 // The order every group is sorted in: bytes compared with ASCII letters folded to lower case.
@@ -31,7 +31,9 @@ int FindAbbreviation(const LanguageDef& language, std::string_view text);
 // The expansion of text in the buffer's language, or null when it has none.
 const char* ExpansionOf(const EditBuffer& buffer, std::string_view text);
 
-inline bool IsAsciiLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+inline bool IsAsciiLetter(char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
 inline bool IsIdentifierChar(char c) {
     return IsAsciiLetter(c) || (c >= '0' && c <= '9') || c == '_';
 }

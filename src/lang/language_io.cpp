@@ -26,7 +26,9 @@ void WriteAttribute(std::string_view section, std::string_view colorKey,
     WriteInt(section, typefaceKey, attribute.typeface);
 }
 
-std::string Numbered(const char* prefix, int number) { return prefix + std::to_string(number); }
+std::string Numbered(const char* prefix, int number) {
+    return prefix + std::to_string(number);
+}
 
 } // namespace
 
@@ -91,7 +93,8 @@ void SaveLanguages() {
         WriteString(section, "Extension", entry.extensions);
         WriteString(section, "Filter", entry.filter);
     }
-    for (; index < LanguageCount; ++index) WriteString(LanguagesSection, std::to_string(index), "");
+    for (; index < LanguageCount; ++index)
+        WriteString(LanguagesSection, std::to_string(index), "");
 }
 
 } // namespace ruvo

@@ -16,7 +16,7 @@ namespace {
 constexpr int OptionsLineCapacity = 255; // 254 characters a read
 
 class OptionsFile {
-public:
+  public:
     explicit OptionsFile(const std::string& path) : file_(std::fopen(path.c_str(), "r")) {
         if (file_ == nullptr) ReportStartupError(ErrorCannotOpen, path.c_str(), OptionsFileRole);
     }
@@ -42,7 +42,7 @@ public:
         return line;
     }
 
-private:
+  private:
     std::FILE* file_;
 };
 

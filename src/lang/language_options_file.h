@@ -16,7 +16,6 @@ constexpr const char* OptionsFileRole = "Language Options File";
 [[nodiscard]] bool ReadKeywordGroup(const std::string& path, int group, WordArray& words);
 // Opens the file again and reads the name=value lines of "[Expander]". False, with the
 // start-up error reported, when the file cannot be opened.
-[[nodiscard]] bool ReadExpanderTable(const std::string& path, WordArray& names,
-                                     WordArray& values);
+[[nodiscard]] bool ReadExpanderTable(const std::string& path, WordArray& names, WordArray& values);
 
 } // namespace ruvo

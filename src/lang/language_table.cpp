@@ -23,7 +23,9 @@ bool ExtensionListMatches(std::string_view list, std::string_view extension) {
 
 } // namespace
 
-LanguageDef& LanguageEntry(int index) { return TheEditor().languages.table[index]; }
+LanguageDef& LanguageEntry(int index) {
+    return TheEditor().languages.table[index];
+}
 
 int LanguageIndex(const LanguageDef* language) {
     const LanguageDef* table = TheEditor().languages.table;
@@ -34,18 +36,21 @@ int LanguageIndex(const LanguageDef* language) {
 
 int UsedLanguageCount() {
     int count = 0;
-    while (count < LanguageCount && LanguageEntry(count).IsUsed()) ++count;
+    while (count < LanguageCount && LanguageEntry(count).IsUsed())
+        ++count;
     return count;
 }
 
 void BackupLanguageTable() {
     LanguageState& state = TheEditor().languages;
-    for (int i = 0; i < LanguageCount; ++i) state.backup[i] = state.table[i];
+    for (int i = 0; i < LanguageCount; ++i)
+        state.backup[i] = state.table[i];
 }
 
 void RestoreLanguageTable() {
     LanguageState& state = TheEditor().languages;
-    for (int i = 0; i < LanguageCount; ++i) state.table[i] = state.backup[i];
+    for (int i = 0; i < LanguageCount; ++i)
+        state.table[i] = state.backup[i];
 }
 
 const LanguageDef* languageForFile(std::string_view name) {

@@ -57,13 +57,11 @@ struct LanguageDef {
     TextAttribute text{0, ColorBlack};
     TextAttribute expander{0, ColorBlue};
     KeywordGroup groups[KeywordGroupCount] = {
-        {{TypefaceBold, ColorRed}, {}},
-        {{TypefaceBold | TypefaceItalic, ColorBlue}, {}},
-        {{0, ColorGreen}, {}},
-        {{0, ColorBlack}, {}},
+        {{TypefaceBold, ColorRed}, {}}, {{TypefaceBold | TypefaceItalic, ColorBlue}, {}},
+        {{0, ColorGreen}, {}},          {{0, ColorBlack}, {}},
         {{0, ColorBlack}, {}},
     };
-    WordArray expanderNames;  // abbreviation i expands to expanderValues[i]
+    WordArray expanderNames; // abbreviation i expands to expanderValues[i]
     WordArray expanderValues;
 
     bool IsUsed() const { return !name.empty(); }

@@ -10,7 +10,7 @@ namespace ruvo {
 namespace {
 
 class RunWriter {
-public:
+  public:
     RunWriter(std::string_view line, const LanguageDef& language, ColourRun* runs, int capacity)
         : line_(line), language_(language), runs_(runs), capacity_(capacity) {}
 
@@ -18,18 +18,22 @@ public:
     bool Add(int32_t start, int32_t length, const TextAttribute& attribute, RunKind kind,
              int group) {
         if (count_ == capacity_ - 1 && start + length < static_cast<int32_t>(line_.size())) {
-            runs_[count_++] = ColourRun{start, static_cast<int32_t>(line_.size()) - start,
-                                        language_.text.color, language_.text.typeface,
-                                        RunKind::Plain, 0};
+            runs_[count_++] = ColourRun{start,
+                                        static_cast<int32_t>(line_.size()) - start,
+                                        language_.text.color,
+                                        language_.text.typeface,
+                                        RunKind::Plain,
+                                        0};
             return false;
         }
-        runs_[count_++] = ColourRun{start, length, attribute.color, attribute.typeface, kind, group};
+        runs_[count_++] =
+            ColourRun{start, length, attribute.color, attribute.typeface, kind, group};
         return true;
     }
 
     int Count() const { return count_; }
 
-private:
+  private:
     std::string_view line_;
     const LanguageDef& language_;
     ColourRun* runs_;
@@ -61,8 +65,8 @@ Token TokenAt(std::string_view line, size_t at, const LanguageDef& language) {
         return {restLength, language.expander, RunKind::Abbreviation, 0};
     if (rest[0] == '"') {
         const size_t close = rest.find('"', 1);
-        const int32_t length = close == std::string_view::npos ? restLength
-                                                               : static_cast<int32_t>(close) + 1;
+        const int32_t length =
+            close == std::string_view::npos ? restLength : static_cast<int32_t>(close) + 1;
         return {length, language.strings, RunKind::String, 0};
     }
     if (rest[0] == '\'' && rest.size() >= 3 && rest[2] == '\'')
@@ -88,7 +92,8 @@ int ScanLine(std::string_view line, const LanguageDef* language, ColourRun* runs
         if (token.length == 0) {
             if (IsAsciiLetter(line[at])) {
                 // Nothing is looked for inside an identifier.
-                do ++at;
+                do
+                    ++at;
                 while (at < length && IsIdentifierChar(line[at]));
             } else {
                 ++at;

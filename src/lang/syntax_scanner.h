@@ -12,12 +12,12 @@ namespace ruvo {
 enum class RunKind : uint8_t { Plain, Comment, Keyword, Abbreviation, String };
 
 struct ColourRun {
-    int32_t start = 0;  // column (byte index) in the line
+    int32_t start = 0; // column (byte index) in the line
     int32_t length = 0;
     uint32_t color = ColorBlack;
-    int typeface = 0;   // for printing; the screen uses only the colour
+    int typeface = 0; // for printing; the screen uses only the colour
     RunKind kind = RunKind::Plain;
-    int group = 0;      // keyword group 1 to 5 for RunKind::Keyword, else 0
+    int group = 0; // keyword group 1 to 5 for RunKind::Keyword, else 0
 };
 
 // Enough runs for any line of the text store: every run holds at least one character.

@@ -35,7 +35,9 @@ WordArray& WordArray::operator=(WordArray&& other) noexcept {
     return *this;
 }
 
-WordArray::~WordArray() { Clear(); }
+WordArray::~WordArray() {
+    Clear();
+}
 
 bool WordArray::Append(std::string_view word) {
     // The string first: if the array then cannot grow, nothing is left half-added.
@@ -65,7 +67,8 @@ void WordArray::DropLast() {
 }
 
 void WordArray::Clear() {
-    for (int i = 0; i < count_; ++i) Release(words_[i]);
+    for (int i = 0; i < count_; ++i)
+        Release(words_[i]);
     Release(words_);
     words_ = nullptr;
     count_ = 0;

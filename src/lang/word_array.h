@@ -8,7 +8,7 @@ namespace ruvo {
 // Memory for the array and each string comes from the checked allocator; the array grows one
 // entry at a time. Copies are deep, so a language table can be backed up and restored.
 class WordArray {
-public:
+  public:
     WordArray() = default;
     WordArray(const WordArray& other);
     WordArray& operator=(const WordArray& other);
@@ -33,7 +33,7 @@ public:
     const char* const* begin() const { return words_; }
     const char* const* end() const { return words_ + count_; }
 
-private:
+  private:
     int count_ = 0;
     int longest_ = 0;
     char** words_ = nullptr;

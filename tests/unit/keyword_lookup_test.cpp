@@ -16,10 +16,11 @@ namespace ruvo {
 namespace {
 
 class KeywordLookupTest : public EditorTest {
-protected:
+  protected:
     void Group(int group, const std::vector<std::string>& words) {
         WordArray& array = language.groups[group - 1].words;
-        for (const std::string& word : words) ASSERT_TRUE(array.Append(word));
+        for (const std::string& word : words)
+            ASSERT_TRUE(array.Append(word));
         SortKeywords(array);
     }
     int Length(std::string_view text) { return FindKeyword(language, text).length; }
@@ -30,7 +31,7 @@ protected:
 TEST_F(KeywordLookupTest, WordMatchesOnlyAtAnIdentifierBoundary) {
     Group(1, {"end", "entity", "if", "else", "elsif", "ending_x"});
     EXPECT_EQ(Length("end;"), 3);
-    EXPECT_EQ(Length("end"), 3);       // at the end of the line
+    EXPECT_EQ(Length("end"), 3); // at the end of the line
     EXPECT_EQ(Length("end if;"), 3);
     EXPECT_EQ(Length("end-- c"), 3);
     EXPECT_EQ(Length("ending"), 0);
@@ -40,7 +41,7 @@ TEST_F(KeywordLookupTest, WordMatchesOnlyAtAnIdentifierBoundary) {
     EXPECT_EQ(Length("ending_x"), 8);
     EXPECT_EQ(Length("elsif(a)"), 5);
     EXPECT_EQ(Length("else\tx"), 4);
-    EXPECT_EQ(Length(" end"), 0);      // the text must start with a letter
+    EXPECT_EQ(Length(" end"), 0); // the text must start with a letter
     EXPECT_EQ(Length(""), 0);
 }
 
@@ -117,7 +118,8 @@ TEST_F(KeywordLookupTest, RandomWordSetsAreAlwaysFound) {
     auto makeWord = [&] {
         std::string word(1, pick(first));
         const int length = std::uniform_int_distribution<int>(0, 6)(random);
-        for (int i = 0; i < length; ++i) word += pick(rest);
+        for (int i = 0; i < length; ++i)
+            word += pick(rest);
         return word;
     };
     language.caseSensitive = false;
@@ -152,8 +154,8 @@ TEST_F(KeywordLookupTest, RandomWordSetsAreAlwaysFound) {
 }
 
 TEST_F(KeywordLookupTest, AbbreviationsMatchTheWholeTextWithoutRegardToCase) {
-    for (auto [name, value] : {std::pair{"sl", "std_logic"}, {"slv", "std_logic_vector"},
-                               {"Proc", "process"}}) {
+    for (auto [name, value] :
+         {std::pair{"sl", "std_logic"}, {"slv", "std_logic_vector"}, {"Proc", "process"}}) {
         ASSERT_TRUE(language.expanderNames.Append(name));
         ASSERT_TRUE(language.expanderValues.Append(value));
     }

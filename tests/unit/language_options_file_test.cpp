@@ -20,7 +20,7 @@ std::vector<std::string> Words(const WordArray& words) {
 }
 
 class OptionsFileTest : public EditorTest {
-protected:
+  protected:
     const LanguageDef& LoadWithFile(const std::string& path) {
         host.SetProfile("Languages", "1", "Lang");
         host.SetProfile("Lang", "File", path);

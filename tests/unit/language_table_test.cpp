@@ -15,7 +15,7 @@ namespace ruvo {
 namespace {
 
 class LanguageTableTest : public EditorTest {
-protected:
+  protected:
     // Named languages with extension lists, no options files.
     void Languages(const std::vector<std::pair<std::string, std::string>>& entries) {
         for (size_t i = 0; i < entries.size(); ++i) {
@@ -64,7 +64,8 @@ TEST_F(LanguageTableTest, MissingKeysTakeTheirDefaults) {
     EXPECT_EQ(vhdl.expanderNames.Count(), 0);
     EXPECT_FALSE(HasStartupErrors()); // an empty File is no error
 
-    for (int i = 2; i < LanguageCount; ++i) EXPECT_FALSE(LanguageEntry(i).IsUsed()) << i;
+    for (int i = 2; i < LanguageCount; ++i)
+        EXPECT_FALSE(LanguageEntry(i).IsUsed()) << i;
 }
 
 TEST_F(LanguageTableTest, EveryKeyIsReadAndCutToItsLimit) {
@@ -167,8 +168,8 @@ TEST_F(LanguageTableTest, SaveWritesEveryKeyInItsOrderAndEmptiesTheRestOfTheList
     EXPECT_EQ(writes[vhdl.size() - 1], "[None] Filter=All files(*.*)|*.*|");
     EXPECT_EQ(std::vector<std::string>(writes.begin() + vhdl.size(), writes.end() - 4), vhdl);
     EXPECT_EQ(std::vector<std::string>(writes.end() - 4, writes.end()),
-              (std::vector<std::string>{"[Languages] 2=", "[Languages] 3=", "[Languages] 4=",
-                                        "[Languages] 5="}));
+              (std::vector<std::string>{
+                  "[Languages] 2=", "[Languages] 3=", "[Languages] 4=", "[Languages] 5="}));
 }
 
 TEST_F(LanguageTableTest, SavedTableLoadsBackTheSame) {
@@ -202,8 +203,8 @@ TEST_F(LanguageTableTest, LastExtensionMustMatchExactlyOthersArePrefixes) {
     EXPECT_EQ(LanguageOf("a.VHD"), "None");  // case matters
     EXPECT_EQ(LanguageOf("a.v"), "Verilog");
     EXPECT_EQ(LanguageOf("a.vh"), "Verilog");
-    EXPECT_EQ(LanguageOf("a.vo"), "None");   // the last item "v" is exact
-    EXPECT_EQ(LanguageOf("a.txt"), "Text");  // an empty item matches nothing
+    EXPECT_EQ(LanguageOf("a.vo"), "None");  // the last item "v" is exact
+    EXPECT_EQ(LanguageOf("a.txt"), "Text"); // an empty item matches nothing
     EXPECT_EQ(LanguageOf("a.tx"), "None");
     EXPECT_EQ(LanguageOf("Makefile"), "None");
     EXPECT_EQ(LanguageOf(""), "None");

@@ -16,12 +16,12 @@ namespace ruvo {
 
 // A file in the test's temporary directory, removed again at the end of the test.
 class TempFile {
-public:
+  public:
     explicit TempFile(const std::string& content) {
         static int serial = 0;
         const ::testing::TestInfo* test = ::testing::UnitTest::GetInstance()->current_test_info();
-        path_ = ::testing::TempDir() + "ruvo_" + test->name() + "_" + std::to_string(serial++) +
-                ".lsf";
+        path_ =
+            ::testing::TempDir() + "ruvo_" + test->name() + "_" + std::to_string(serial++) + ".lsf";
         std::ofstream(path_, std::ios::binary) << content;
     }
     ~TempFile() { std::remove(path_.c_str()); }
@@ -30,7 +30,7 @@ public:
 
     const std::string& path() const { return path_; }
 
-private:
+  private:
     std::string path_;
 };
 
@@ -55,11 +55,16 @@ inline bool LoadIniIntoProfile(FakeHost& host, const std::string& path) {
 
 inline const char* RunKindName(RunKind kind) {
     switch (kind) {
-    case RunKind::Plain: return "text";
-    case RunKind::Comment: return "comment";
-    case RunKind::Keyword: return "kw";
-    case RunKind::Abbreviation: return "abbrev";
-    case RunKind::String: return "string";
+    case RunKind::Plain:
+        return "text";
+    case RunKind::Comment:
+        return "comment";
+    case RunKind::Keyword:
+        return "kw";
+    case RunKind::Abbreviation:
+        return "abbrev";
+    case RunKind::String:
+        return "string";
     }
     return "?";
 }
@@ -70,7 +75,8 @@ inline std::string DescribeRuns(std::string_view line, const LanguageDef* langua
     const int count = ScanLine(line, language, runs, MaxRunsPerLine);
     std::ostringstream out;
     for (int i = 0; i < count; ++i) {
-        out << "[" << line.substr(runs[i].start, runs[i].length) << "]" << RunKindName(runs[i].kind);
+        out << "[" << line.substr(runs[i].start, runs[i].length) << "]"
+            << RunKindName(runs[i].kind);
         if (runs[i].kind == RunKind::Keyword) out << runs[i].group;
     }
     return out.str();

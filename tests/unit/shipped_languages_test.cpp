@@ -16,7 +16,7 @@ namespace ruvo {
 namespace {
 
 class ShippedLanguagesTest : public EditorTest {
-protected:
+  protected:
     ShippedLanguagesTest() {
         EXPECT_TRUE(LoadIniIntoProfile(host, SourcePath("config/ruvo.ini")));
         // $INSTALL\vhdl.lsf names the program folder on Windows; here the checkout's files.
@@ -77,10 +77,10 @@ TEST_F(ShippedLanguagesTest, VhdlColoursAsADesignerExpects) {
     EXPECT_EQ(DescribeRuns("library ieee;", vhdl), "[library]kw1[ ]text[ieee]kw2[;]text");
     EXPECT_EQ(DescribeRuns("use ieee.numeric_std.all;", vhdl),
               "[use]kw1[ ]text[ieee]kw2[.]text[numeric_std]kw2[.]text[all]kw1[;]text");
-    EXPECT_EQ(DescribeRuns("  signal count : unsigned(7 downto 0) := (others => '0'); -- counter",
-                           vhdl),
-              "[  ]text[signal]kw1[ count : ]text[unsigned]kw2[(7 ]text[downto]kw1[ 0) := (]text"
-              "[others]kw1[ => ]text['0']string[); ]text[-- counter]comment");
+    EXPECT_EQ(
+        DescribeRuns("  signal count : unsigned(7 downto 0) := (others => '0'); -- counter", vhdl),
+        "[  ]text[signal]kw1[ count : ]text[unsigned]kw2[(7 ]text[downto]kw1[ 0) := (]text"
+        "[others]kw1[ => ]text['0']string[); ]text[-- counter]comment");
     EXPECT_EQ(DescribeRuns("    if rising_edge(clk) then", vhdl),
               "[    ]text[if]kw1[ ]text[rising_edge]kw3[(clk) ]text[then]kw1");
     EXPECT_EQ(DescribeRuns("ELSIF clk'EVENT AND clk = '1' THEN", vhdl),
@@ -107,7 +107,8 @@ TEST_F(ShippedLanguagesTest, VerilogColoursAsADesignerExpects) {
     EXPECT_EQ(DescribeRuns("    q <= q + 8'h01;", verilog), "[    q <= q + 8'h01;]text");
     EXPECT_EQ(DescribeRuns("  $display(\"q=%d\", q);", verilog),
               "[  $]text[display]kw2[(]text[\"q=%d\"]string[, q);]text");
-    EXPECT_EQ(DescribeRuns("`timescale 1ns / 1ps", verilog), "[`]text[timescale]kw3[ 1ns / 1ps]text");
+    EXPECT_EQ(DescribeRuns("`timescale 1ns / 1ps", verilog),
+              "[`]text[timescale]kw3[ 1ns / 1ps]text");
     // Case sensitive: upper-case words are identifiers.
     EXPECT_EQ(DescribeRuns("MODULE Begin end", verilog), "[MODULE Begin ]text[end]kw1");
     EXPECT_EQ(DescribeRuns("/* a block comment", verilog), "[/* a block comment]text");

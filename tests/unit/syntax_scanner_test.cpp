@@ -14,7 +14,7 @@ namespace ruvo {
 namespace {
 
 class SyntaxScannerTest : public EditorTest {
-protected:
+  protected:
     SyntaxScannerTest() {
         language.name = "VHDL";
         language.lineComment = "--";
@@ -35,7 +35,8 @@ protected:
         EXPECT_TRUE(language.expanderValues.Append("end if;"));
     }
     void AddWords(int group, std::initializer_list<const char*> words) {
-        for (const char* word : words) EXPECT_TRUE(language.groups[group].words.Append(word));
+        for (const char* word : words)
+            EXPECT_TRUE(language.groups[group].words.Append(word));
         SortKeywords(language.groups[group].words);
     }
     std::string Runs(std::string_view line) { return DescribeRuns(line, &language); }
@@ -146,8 +147,9 @@ TEST_F(SyntaxScannerTest, ShortRunArrayEndsWithTheRestOfTheLine) {
 // the end, none is empty, and plain runs never sit next to each other.
 TEST_F(SyntaxScannerTest, RunsCoverEveryLineExactlyOnce) {
     std::mt19937 random(4711);
-    const std::string pieces[] = {"if", "end", "a", "sl", "e if", "std_logic", "--", "-", "\"",
-                                  "'", "'x'", " ", "\t", "x", "_", "9", ";", "(", "\xe9", "/*"};
+    const std::string pieces[] = {"if", "end", "a", "sl",  "e if", "std_logic", "--",
+                                  "-",  "\"",  "'", "'x'", " ",    "\t",        "x",
+                                  "_",  "9",   ";", "(",   "\xe9", "/*"};
     ColourRun runs[MaxRunsPerLine];
     for (int round = 0; round < 20000; ++round) {
         std::string line;
