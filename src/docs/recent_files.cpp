@@ -52,8 +52,13 @@ std::string shortenPath(std::string_view path, int width) {
 std::vector<std::string> recentMenuLabels() {
     const auto& slots = TheEditor().documents.recentFiles;
     std::vector<std::string> labels;
-    for (int i = 0; i < RecentFileSlots; ++i)
-        labels.push_back("&" + std::to_string(i + 1) + " " + shortenPath(slots[i], RecentLabelWidth));
+    for (int i = 0; i < RecentFileSlots; ++i) {
+        std::string label = "&";
+        label += std::to_string(i + 1);
+        label += ' ';
+        label += shortenPath(slots[i], RecentLabelWidth);
+        labels.push_back(std::move(label));
+    }
     return labels;
 }
 
