@@ -33,6 +33,7 @@ std::string Numbered(const char* prefix, int number) {
 } // namespace
 
 void LoadLanguage(std::string_view section, int index) {
+    if (index < 0 || index >= LanguageCount) return;
     LanguageDef& entry = LanguageEntry(index);
     entry = LanguageDef{}; // every attribute starts at its default
     entry.name = std::string(section.substr(0, LanguageNameCapacity - 1));

@@ -146,6 +146,14 @@ TEST_F(OptionsFileTest, OutOfMemoryKeepsTheWordsReadSoFar) {
     ASSERT_TRUE(ReadExpanderTable(file.path(), names, values));
     EXPECT_EQ(Words(names), std::vector<std::string>{"x"});
     EXPECT_EQ(Words(values), std::vector<std::string>{"1"});
+
+    editor.settings.allocator.limitBytes = editor.settings.allocator.totalBytes + 2 + 8 + 2;
+    ASSERT_TRUE(ReadExpanderTable(file.path(), names, values));
+    EXPECT_TRUE(names.Empty());
+    EXPECT_TRUE(values.Empty());
+    editor.settings.allocator.limitBytes = -1;
+    ASSERT_TRUE(names.Append("z"));
+    EXPECT_EQ(Words(names), std::vector<std::string>{"z"});
 }
 
 } // namespace
