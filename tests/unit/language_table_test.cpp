@@ -214,6 +214,7 @@ TEST_F(LanguageTableTest, LastExtensionMustMatchExactlyOthersArePrefixes) {
     EXPECT_EQ(LanguageOf("c:\\src.v\\top"), "None");
     EXPECT_EQ(LanguageOf("top.v.bak"), "None");
     EXPECT_EQ(LanguageOf("top.vhd.bak"), "VHDL");
+    EXPECT_EQ(LanguageOf("a_base_name_well_beyond_thirty_characters.vhd"), "VHDL");
     EXPECT_EQ(languageForFile("x.vhd"), &LanguageEntry(1));
 }
 
