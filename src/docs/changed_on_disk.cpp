@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "commands/command_table.h"
 #include "docs/documents.h"
 #include "docs/file_reading.h"
 #include "docs/file_status.h"
@@ -68,6 +69,7 @@ int reloadBuffer(EditBuffer& buffer) {
     KeepPositionsValid(buffer);
     host.RedrawWindow(buffer);
     host.UpdateCaretAndStatus(buffer);
+    UpdateCommandStates(); // modified and the selection were cleared
     return 0;
 }
 

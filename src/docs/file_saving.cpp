@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 
+#include "commands/command_table.h"
 #include "docs/backup_files.h"
 #include "docs/documents.h"
 #include "docs/file_dialogs.h"
@@ -137,6 +138,7 @@ int saveBuffer(std::string_view name, EditBuffer& buffer) {
     }
     host.SetBusyCursor(false);
     host.UpdateCaretAndStatus(buffer);
+    UpdateCommandStates(); // modified and the undo log have changed
     host.SetStatusPane(4, "Saved file: '" + std::string(buffer.fullPath) + "'", false);
     return 0;
 }

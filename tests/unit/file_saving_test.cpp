@@ -2,11 +2,13 @@
 #include <string>
 #include <vector>
 
+#include "commands/command_table.h"
 #include "docs/documents.h"
 #include "docs/file_commands.h"
 #include "docs/file_saving.h"
 #include "document_files.h"
 #include "editor_fixture.h"
+#include "engine/editing_commands.h"
 #include "engine/text_store.h"
 #include "engine/transaction_log.h"
 
@@ -71,8 +73,13 @@ TEST_F(FileSavingTest, SuccessfulSaveClearsModifiedAndTheUndoLog) {
     ASSERT_EQ(buffer.lines.modified, 1);
     ASSERT_NE(buffer.undoCurrent->prev, nullptr);
 
+    const int undoRow = CommandIndexOfHandler(EditUndo);
+    ASSERT_GE(undoRow, 0);
+    EXPECT_TRUE(host.enabledCommands[undoRow]);
+
     EXPECT_EQ(saveBuffer(buffer.fileName, buffer), 0);
     EXPECT_EQ(ReadBytes(path), "abc\r\ndef");
+    EXPECT_FALSE(host.enabledCommands[undoRow]);
     EXPECT_EQ(buffer.lines.modified, 0);
     EXPECT_EQ(buffer.undoCurrent, buffer.undoHead);
     EXPECT_EQ(buffer.undoHead->next, nullptr);
