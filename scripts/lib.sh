@@ -3,6 +3,8 @@
 
 RUVO_ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 RUVO_JOBS=$(nproc 2>/dev/null || echo 2)
+# Where the builds go (build/native, build/mingw, build/bench); RUVO_BUILD moves them.
+RUVO_BUILD=${RUVO_BUILD:-$RUVO_ROOT/build}
 
 # Everything the builds and tests use, as Debian packages.
 RUVO_PACKAGES=(
@@ -49,24 +51,24 @@ ruvo_install_packages() {
 
 # Native core, unit tests (under ASan and UBSan) and benchmark programs.
 ruvo_build_native() {
-    ruvo_log "native build in build/native"
-    cmake -S "$RUVO_ROOT" -B "$RUVO_ROOT/build/native" -DCMAKE_BUILD_TYPE=Debug \
+    ruvo_log "native build in $RUVO_BUILD/native"
+    cmake -S "$RUVO_ROOT" -B "$RUVO_BUILD/native" -DCMAKE_BUILD_TYPE=Debug \
         -DRUVO_SANITIZE=ON -DRUVO_BENCHMARKS=ON >/dev/null &&
-        cmake --build "$RUVO_ROOT/build/native" -j "$RUVO_JOBS"
+        cmake --build "$RUVO_BUILD/native" -j "$RUVO_JOBS"
 }
 
 # ruvo.exe, the e2e driver and the stand-in programs, cross-built with MinGW-w64.
 ruvo_build_mingw() {
-    ruvo_log "MinGW build in build/mingw"
-    cmake -S "$RUVO_ROOT" -B "$RUVO_ROOT/build/mingw" -DCMAKE_BUILD_TYPE=Release \
+    ruvo_log "MinGW build in $RUVO_BUILD/mingw"
+    cmake -S "$RUVO_ROOT" -B "$RUVO_BUILD/mingw" -DCMAKE_BUILD_TYPE=Release \
         -DCMAKE_TOOLCHAIN_FILE="$RUVO_ROOT/cmake/mingw-w64.cmake" >/dev/null &&
-        cmake --build "$RUVO_ROOT/build/mingw" -j "$RUVO_JOBS"
+        cmake --build "$RUVO_BUILD/mingw" -j "$RUVO_JOBS"
 }
 
 # Optimised native build of the benchmark programs.
 ruvo_build_bench() {
-    ruvo_log "release build of the benchmarks in build/bench"
-    cmake -S "$RUVO_ROOT" -B "$RUVO_ROOT/build/bench" -DCMAKE_BUILD_TYPE=Release \
+    ruvo_log "release build of the benchmarks in $RUVO_BUILD/bench"
+    cmake -S "$RUVO_ROOT" -B "$RUVO_BUILD/bench" -DCMAKE_BUILD_TYPE=Release \
         -DRUVO_SANITIZE=OFF -DRUVO_BENCHMARKS=ON >/dev/null &&
-        cmake --build "$RUVO_ROOT/build/bench" -j "$RUVO_JOBS"
+        cmake --build "$RUVO_BUILD/bench" -j "$RUVO_JOBS"
 }

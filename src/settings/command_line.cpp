@@ -8,7 +8,8 @@ std::vector<std::string> SplitFileNames(std::string_view commandLine) {
     size_t at = 0;
     const size_t end = commandLine.size();
     while (at < end) {
-        while (at < end && commandLine[at] == ' ') ++at;
+        while (at < end && commandLine[at] == ' ')
+            ++at;
         if (at == end) break;
         if (commandLine[at] == '"') {
             const size_t close = commandLine.find('"', at + 1);

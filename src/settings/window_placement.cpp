@@ -27,8 +27,7 @@ WindowPlacement ParsePlacement(std::string_view text) {
     // The separators are single characters of any kind, so "0,0,600,400" and
     // "0, 0, 600, 400" read alike (a number skips the blanks in front of it).
     (void)std::sscanf(terminated.c_str(), "%d%c%d%c%d%c%d", &placement.left, &separator,
-                      &placement.top, &separator, &placement.width, &separator,
-                      &placement.height);
+                      &placement.top, &separator, &placement.width, &separator, &placement.height);
     return placement;
 }
 
@@ -44,7 +43,9 @@ WindowPlacement ReadMainWindow() {
         ReadString(PlacementSection, PlacementKey, DefaultMainWindow, PlacementCapacity));
 }
 
-bool ReadFullSize() { return ReadBool(PlacementSection, FullSizeKey, true); }
+bool ReadFullSize() {
+    return ReadBool(PlacementSection, FullSizeKey, true);
+}
 
 bool FrameSized(const FrameShowState& state, const WindowPlacement& windowRect) {
     if (state.minimized) return false;

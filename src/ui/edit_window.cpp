@@ -7,8 +7,8 @@
 #include "docs/documents.h"
 #include "engine/edit_buffer.h"
 #include "engine/editor.h"
-#include "ui/window_classes.h"
 #include "ui/win_host.h"
+#include "ui/window_classes.h"
 
 namespace ruvo {
 
@@ -43,8 +43,7 @@ void PaintPlainText(HWND window, EditBuffer& buffer) {
         const char* text = lines.lineText[line];
         const int length = static_cast<int>(std::strlen(text));
         if (buffer.leftColumn < length) {
-            TextOutA(dc, 0, row * lineHeight, text + buffer.leftColumn,
-                     length - buffer.leftColumn);
+            TextOutA(dc, 0, row * lineHeight, text + buffer.leftColumn, length - buffer.leftColumn);
         }
     }
     SelectObject(dc, oldFont);

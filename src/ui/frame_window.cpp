@@ -28,7 +28,9 @@ constexpr int MinimumTrackWidth = 400;
 constexpr int MinimumTrackHeight = 300;
 constexpr int MaxDroppedName = 256;
 
-ShellState& Shell() { return TheWinHost().shell; }
+ShellState& Shell() {
+    return TheWinHost().shell;
+}
 
 WindowPlacement WindowRectOf(HWND window) {
     RECT r;
@@ -37,8 +39,7 @@ WindowPlacement WindowRectOf(HWND window) {
 }
 
 FrameShowState ShowStateOf(HWND window) {
-    return {IsWindowVisible(window) != FALSE, IsIconic(window) != FALSE,
-            IsZoomed(window) != FALSE};
+    return {IsWindowVisible(window) != FALSE, IsIconic(window) != FALSE, IsZoomed(window) != FALSE};
 }
 
 HWND CreateChild(HWND frame, const char* className, DWORD style, int id, const RECT& area,
@@ -50,7 +51,9 @@ HWND CreateChild(HWND frame, const char* className, DWORD style, int id, const R
 }
 
 // The button bar's thickness across its edge; it has none until buttons are defined.
-int ButtonBarThickness() { return 0; }
+int ButtonBarThickness() {
+    return 0;
+}
 
 void LayOutChildren() {
     const ShellState& shell = Shell();
@@ -58,8 +61,7 @@ void LayOutChildren() {
     const int height = shell.clientHeight;
     const int above = height > StatusLineHeight ? height - StatusLineHeight : 0;
     if (shell.statusWindow != nullptr) {
-        MoveWindow(shell.statusWindow, 0, height - StatusLineHeight, width, StatusLineHeight,
-                   TRUE);
+        MoveWindow(shell.statusWindow, 0, height - StatusLineHeight, width, StatusLineHeight, TRUE);
     }
     const int bar = ButtonBarThickness();
     if (TheEditor().settings.options.buttonsLeft) {
@@ -252,7 +254,8 @@ void BringFrameForward() {
 }
 
 void OpenCommandLineFiles(const char* commandLine) {
-    for (const std::string& name : SplitFileNames(commandLine)) newOrOpen(name, 0);
+    for (const std::string& name : SplitFileNames(commandLine))
+        newOrOpen(name, 0);
 }
 
 } // namespace ruvo

@@ -15,9 +15,13 @@ constexpr COLORREF DarkGrey = RGB(92, 92, 92);
 constexpr COLORREF White = RGB(255, 255, 255);
 constexpr COLORREF Black = RGB(0, 0, 0);
 
-StatusLine& Status() { return TheWinHost().status; }
+StatusLine& Status() {
+    return TheWinHost().status;
+}
 
-bool HasText(const StatusPane& pane) { return pane.text != nullptr && pane.text[0] != '\0'; }
+bool HasText(const StatusPane& pane) {
+    return pane.text != nullptr && pane.text[0] != '\0';
+}
 
 // Panes 0 to 3 share the line; pane 4 spans it and hides them while it has text.
 bool PaneIsShown(int index) {
@@ -45,7 +49,8 @@ void Layout(HWND window) {
     p[2].box = {p[1].box.right + 2, top, p[1].box.right + 2 + 10 * w, bottom};
     p[3].box = {p[2].box.right + 2, top, client.right - w, bottom};
     p[4].box = {w, top, client.right - w, bottom};
-    for (int i = 0; i < PaneMessage; ++i) p[i].alignment = DT_CENTER;
+    for (int i = 0; i < PaneMessage; ++i)
+        p[i].alignment = DT_CENTER;
     p[PaneMessage].alignment = DT_LEFT;
 }
 
@@ -77,8 +82,7 @@ void DrawPane(HDC dc, const StatusPane& pane) {
     HGDIOBJ oldFont = SelectObject(dc, GetStockObject(ANSI_VAR_FONT));
     SetBkColor(dc, LightGrey);
     SetTextColor(dc, Black);
-    DrawTextA(dc, pane.text, -1, &inner,
-              pane.alignment | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+    DrawTextA(dc, pane.text, -1, &inner, pane.alignment | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
     SelectObject(dc, oldFont);
 }
 
@@ -110,7 +114,8 @@ void Paint(HWND window) {
     if (line.mode == StatusMode::Message || HasText(line.panes[PaneMessage])) {
         DrawPane(dc, line.panes[PaneMessage]);
     } else {
-        for (int i = PanePosition; i <= PaneFileState; ++i) DrawPane(dc, line.panes[i]);
+        for (int i = PanePosition; i <= PaneFileState; ++i)
+            DrawPane(dc, line.panes[i]);
         if (HasText(line.panes[PaneTool])) DrawPane(dc, line.panes[PaneTool]);
     }
     EndPaint(window, &paint);

@@ -17,9 +17,13 @@ namespace {
 
 constexpr int PathCapacity = 256; // 255 characters and the terminator
 
-std::string Terminated(std::string_view text) { return std::string(text); }
+std::string Terminated(std::string_view text) {
+    return std::string(text);
+}
 
-HWND FrameOrNull() { return TheWinHost().shell.frame; }
+HWND FrameOrNull() {
+    return TheWinHost().shell.frame;
+}
 
 int LineHeightOf(HWND window) {
     HDC dc = GetDC(window);
@@ -33,7 +37,9 @@ int LineHeightOf(HWND window) {
 
 } // namespace
 
-WinHost& TheWinHost() { return static_cast<WinHost&>(TheEditor().host); }
+WinHost& TheWinHost() {
+    return static_cast<WinHost&>(TheEditor().host);
+}
 
 // --- Message boxes ---------------------------------------------------------------------------
 
@@ -44,10 +50,17 @@ void WinHost::ErrorBox(const char* caption, std::string_view text) {
 int WinHost::QuestionBox(const char* caption, std::string_view text, QuestionKind kind) {
     UINT buttons = 0;
     switch (kind) {
-    case QuestionKind::YesNoCancel: buttons = MB_YESNOCANCEL; break;
-    case QuestionKind::OkCancel: buttons = MB_OKCANCEL; break;
-    case QuestionKind::YesNo: buttons = MB_YESNO; break;
-    default: return AnswerNo;
+    case QuestionKind::YesNoCancel:
+        buttons = MB_YESNOCANCEL;
+        break;
+    case QuestionKind::OkCancel:
+        buttons = MB_OKCANCEL;
+        break;
+    case QuestionKind::YesNo:
+        buttons = MB_YESNO;
+        break;
+    default:
+        return AnswerNo;
     }
     const int answer = MessageBoxA(FrameOrNull(), Terminated(text).c_str(), caption,
                                    buttons | MB_ICONQUESTION | MB_TASKMODAL);
@@ -74,8 +87,8 @@ std::string WinHost::ProfileGetString(std::string_view file, std::string_view se
     return value;
 }
 
-int WinHost::ProfileGetInt(std::string_view file, std::string_view section,
-                           std::string_view key, int defaultValue) {
+int WinHost::ProfileGetInt(std::string_view file, std::string_view section, std::string_view key,
+                           int defaultValue) {
     return static_cast<int>(GetPrivateProfileIntA(Terminated(section).c_str(),
                                                   Terminated(key).c_str(), defaultValue,
                                                   Terminated(file).c_str()));
@@ -84,8 +97,7 @@ int WinHost::ProfileGetInt(std::string_view file, std::string_view section,
 bool WinHost::ProfileWriteString(std::string_view file, std::string_view section,
                                  std::string_view key, std::string_view value) {
     return WritePrivateProfileStringA(Terminated(section).c_str(), Terminated(key).c_str(),
-                                      Terminated(value).c_str(),
-                                      Terminated(file).c_str()) != FALSE;
+                                      Terminated(value).c_str(), Terminated(file).c_str()) != FALSE;
 }
 
 // --- Process environment ---------------------------------------------------------------------
@@ -119,7 +131,9 @@ void WinHost::SetStatusPane(int pane, std::string_view text, bool beep) {
     SetStatusText(pane, text, beep);
 }
 
-void WinHost::Beep() { MessageBeep(MB_OK); }
+void WinHost::Beep() {
+    MessageBeep(MB_OK);
+}
 
 // --- Commands --------------------------------------------------------------------------------
 
@@ -136,7 +150,9 @@ void WinHost::PostCloseFrame() {
 
 // --- Clipboard -------------------------------------------------------------------------------
 
-bool WinHost::ClipboardHasText() { return IsClipboardFormatAvailable(CF_TEXT) != FALSE; }
+bool WinHost::ClipboardHasText() {
+    return IsClipboardFormatAvailable(CF_TEXT) != FALSE;
+}
 
 std::optional<std::string> WinHost::ClipboardGetText() {
     if (!OpenClipboard(shell.frame)) return std::nullopt;

@@ -10,7 +10,7 @@
 namespace ruvo {
 
 class WinHost : public Host {
-public:
+  public:
     WinHost() = default;
     WinHost(const WinHost&) = delete;
     WinHost& operator=(const WinHost&) = delete;
@@ -27,8 +27,8 @@ public:
                                  int capacity) override;
     int ProfileGetInt(std::string_view file, std::string_view section, std::string_view key,
                       int defaultValue) override;
-    bool ProfileWriteString(std::string_view file, std::string_view section,
-                            std::string_view key, std::string_view value) override;
+    bool ProfileWriteString(std::string_view file, std::string_view section, std::string_view key,
+                            std::string_view value) override;
 
     std::string ProgramPath() override;
     std::string Environment(std::string_view name) override;
@@ -61,7 +61,7 @@ public:
     void SetProgressText(std::string_view text) override;
     void RecentFilesChanged(const std::vector<std::string>& labels) override;
 
-private:
+  private:
     int busyDepth_ = 0;
     HCURSOR cursorBeforeBusy_ = nullptr;
     HWND progressWindow_ = nullptr;

@@ -53,8 +53,8 @@ std::optional<FileDialogResult> WinHost::FileDialog(const FileDialogRequest& req
 
     FileDialogResult result;
     result.fileName = fileName;
-    result.directory = result.fileName.substr(0, std::min<size_t>(dialog.nFileOffset,
-                                                                  result.fileName.size()));
+    result.directory =
+        result.fileName.substr(0, std::min<size_t>(dialog.nFileOffset, result.fileName.size()));
     result.readOnly = !request.save && (dialog.Flags & OFN_READONLY) != 0;
     return result;
 }
@@ -66,8 +66,8 @@ long WinHost::LzCopy(std::string_view source, std::string_view target) {
     OFSTRUCT targetInfo{};
     const INT in = LZOpenFileA(const_cast<char*>(sourceName.c_str()), &sourceInfo, OF_READ);
     if (in < 0) return LzErrorBadInHandle;
-    const INT out = LZOpenFileA(const_cast<char*>(targetName.c_str()), &targetInfo,
-                                OF_CREATE | OF_WRITE);
+    const INT out =
+        LZOpenFileA(const_cast<char*>(targetName.c_str()), &targetInfo, OF_CREATE | OF_WRITE);
     if (out < 0) {
         LZClose(in);
         return LzErrorBadOutHandle;
@@ -103,17 +103,16 @@ void WinHost::ShowProgress(std::string_view title, int total) {
     const int x = frame.left + (frame.right - frame.left - ProgressWidth) / 2;
     const int y = frame.top + (frame.bottom - frame.top - ProgressHeight) / 2;
     const std::string caption(title);
-    progressWindow_ = CreateWindowExA(WS_EX_DLGMODALFRAME, WC_DIALOG, caption.c_str(),
-                                      WS_POPUP | WS_CAPTION | WS_VISIBLE, x, y, ProgressWidth,
-                                      ProgressHeight, shell.frame, nullptr, shell.instance,
-                                      nullptr);
+    progressWindow_ = CreateWindowExA(
+        WS_EX_DLGMODALFRAME, WC_DIALOG, caption.c_str(), WS_POPUP | WS_CAPTION | WS_VISIBLE, x, y,
+        ProgressWidth, ProgressHeight, shell.frame, nullptr, shell.instance, nullptr);
     if (progressWindow_ == nullptr) return;
-    progressLabel_ = CreateWindowExA(0, "STATIC", "", WS_CHILD | WS_VISIBLE | SS_LEFT, 10, 8,
-                                     ProgressWidth - 30, 20, progressWindow_, nullptr,
-                                     shell.instance, nullptr);
-    progressBar_ = CreateWindowExA(0, PROGRESS_CLASSA, nullptr, WS_CHILD | WS_VISIBLE, 10, 34,
-                                   ProgressWidth - 30, 20, progressWindow_, nullptr,
-                                   shell.instance, nullptr);
+    progressLabel_ =
+        CreateWindowExA(0, "STATIC", "", WS_CHILD | WS_VISIBLE | SS_LEFT, 10, 8, ProgressWidth - 30,
+                        20, progressWindow_, nullptr, shell.instance, nullptr);
+    progressBar_ =
+        CreateWindowExA(0, PROGRESS_CLASSA, nullptr, WS_CHILD | WS_VISIBLE, 10, 34,
+                        ProgressWidth - 30, 20, progressWindow_, nullptr, shell.instance, nullptr);
     if (progressBar_ != nullptr) {
         SendMessageA(progressBar_, PBM_SETRANGE32, 0, std::max(total, 1));
         SendMessageA(progressBar_, PBM_SETPOS, 0, 0);

@@ -23,7 +23,9 @@ bool Register(HINSTANCE instance, const char* name, WNDPROC procedure, UINT styl
     return RegisterClassA(&windowClass) != 0;
 }
 
-HBRUSH StockBrush(int which) { return static_cast<HBRUSH>(GetStockObject(which)); }
+HBRUSH StockBrush(int which) {
+    return static_cast<HBRUSH>(GetStockObject(which));
+}
 
 } // namespace
 
@@ -32,8 +34,8 @@ bool RegisterWindowClasses(HINSTANCE instance) {
     HBRUSH systemBackground = reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(COLOR_WINDOW + 1));
     return Register(instance, FrameClassName, FrameWindowProc, CS_HREDRAW | CS_VREDRAW,
                     LoadIconA(instance, "EditIcon"), IDC_ARROW, systemBackground, 0) &&
-           Register(instance, StatusClassName, StatusWindowProc, CS_HREDRAW | CS_VREDRAW,
-                    nullptr, IDC_ARROW, StockBrush(LTGRAY_BRUSH), 0) &&
+           Register(instance, StatusClassName, StatusWindowProc, CS_HREDRAW | CS_VREDRAW, nullptr,
+                    IDC_ARROW, StockBrush(LTGRAY_BRUSH), 0) &&
            Register(instance, EditClassName, EditWindowProc,
                     CS_CLASSDC | CS_DBLCLKS | CS_HREDRAW | CS_VREDRAW,
                     LoadIconA(instance, "FileIcon"), IDC_IBEAM, StockBrush(WHITE_BRUSH),

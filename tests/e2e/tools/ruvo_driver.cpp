@@ -42,7 +42,9 @@ constexpr DWORD PollMilliseconds = 100;
     std::exit(1);
 }
 
-HWND Frame() { return FindWindowA(FrameClass, nullptr); }
+HWND Frame() {
+    return FindWindowA(FrameClass, nullptr);
+}
 
 HWND RequireFrame() {
     HWND frame = Frame();
@@ -50,7 +52,9 @@ HWND RequireFrame() {
     return frame;
 }
 
-HWND MdiClient() { return FindWindowExA(RequireFrame(), nullptr, "MDICLIENT", nullptr); }
+HWND MdiClient() {
+    return FindWindowExA(RequireFrame(), nullptr, "MDICLIENT", nullptr);
+}
 
 std::string TitleOf(HWND window) {
     char title[512] = {};
@@ -193,12 +197,12 @@ size_t Run(const std::vector<std::string>& args, size_t at) {
     if (name == "children") {
         const std::vector<HWND> children = MdiChildren();
         std::printf("children %d\n", static_cast<int>(children.size()));
-        for (HWND child : children) std::printf("child %s\n", TitleOf(child).c_str());
+        for (HWND child : children)
+            std::printf("child %s\n", TitleOf(child).c_str());
         return at + 1;
     }
     if (name == "active") {
-        HWND active =
-            reinterpret_cast<HWND>(SendMessageA(MdiClient(), WM_MDIGETACTIVE, 0, 0));
+        HWND active = reinterpret_cast<HWND>(SendMessageA(MdiClient(), WM_MDIGETACTIVE, 0, 0));
         std::printf("active %s\n", active != nullptr ? TitleOf(active).c_str() : "-");
         return at + 1;
     }
@@ -214,10 +218,10 @@ size_t Run(const std::vector<std::string>& args, size_t at) {
         return at + 2;
     }
     if (name == "type") {
-        HWND active =
-            reinterpret_cast<HWND>(SendMessageA(MdiClient(), WM_MDIGETACTIVE, 0, 0));
+        HWND active = reinterpret_cast<HWND>(SendMessageA(MdiClient(), WM_MDIGETACTIVE, 0, 0));
         if (active == nullptr) Fail("no active edit window to type into");
-        for (unsigned char c : argument(1)) SendMessageA(active, WM_CHAR, c, 1);
+        for (unsigned char c : argument(1))
+            SendMessageA(active, WM_CHAR, c, 1);
         std::printf("type ok\n");
         return at + 2;
     }
@@ -236,10 +240,14 @@ size_t Run(const std::vector<std::string>& args, size_t at) {
     if (name == "show") {
         const std::string& how = argument(1);
         WPARAM command = 0;
-        if (how == "max") command = SC_MAXIMIZE;
-        else if (how == "min") command = SC_MINIMIZE;
-        else if (how == "restore") command = SC_RESTORE;
-        else Fail("show takes max, min or restore, not '" + how + "'");
+        if (how == "max")
+            command = SC_MAXIMIZE;
+        else if (how == "min")
+            command = SC_MINIMIZE;
+        else if (how == "restore")
+            command = SC_RESTORE;
+        else
+            Fail("show takes max, min or restore, not '" + how + "'");
         SendMessageA(RequireFrame(), WM_SYSCOMMAND, command, 0);
         std::printf("show ok\n");
         return at + 2;
