@@ -23,11 +23,12 @@ int LineLength(const LineList& lines, int32_t line) {
     return static_cast<int>(std::strlen(lines.lineText[line]));
 }
 
-// One piece of inserted text as it is stored: a carriage return just before the line
-// feed is dropped, any other carriage return is kept.
-std::string_view StoredPiece(std::string_view text, size_t from, size_t lineFeed) {
+// One line-feed-terminated piece of inserted text as it is stored: a carriage return just
+// before the line feed is dropped (unless the text is taken as it stands), any other is kept.
+std::string_view StoredPiece(std::string_view text, size_t from, size_t lineFeed,
+                             bool dropCarriageReturn) {
     std::string_view piece = text.substr(from, lineFeed - from);
-    if (!piece.empty() && piece.back() == '\r') piece.remove_suffix(1);
+    if (dropCarriageReturn && !piece.empty() && piece.back() == '\r') piece.remove_suffix(1);
     return piece;
 }
 
@@ -181,7 +182,7 @@ bool TextStandsAt(const EditBuffer& buffer, TextPos start, std::string_view text
         if (column > length) return false;
         const std::string_view rest(lineText + column, static_cast<size_t>(length - column));
         if (lineFeed == std::string_view::npos) return rest.starts_with(text.substr(from));
-        if (rest != StoredPiece(text, from, lineFeed)) return false;
+        if (rest != text.substr(from, lineFeed - from)) return false;
         ++line;
         column = 0;
         from = lineFeed + 1;
@@ -189,7 +190,11 @@ bool TextStandsAt(const EditBuffer& buffer, TextPos start, std::string_view text
     }
 }
 
-int InsertText(EditBuffer& buffer, std::string_view text, int32_t line, int32_t column) {
+namespace {
+
+// Inserts text at line/column; every check comes before any change.
+int InsertPieces(EditBuffer& buffer, std::string_view text, int32_t line, int32_t column,
+                 bool dropCarriageReturns) {
     if (text.empty()) return 1;
     LineList& lines = buffer.lines;
     if (line < 0 || line >= lines.lineCount) return 0;
@@ -218,7 +223,7 @@ int InsertText(EditBuffer& buffer, std::string_view text, int32_t line, int32_t 
     if (tail.size() + after.size() > MaxLineLength) return 0;
     for (size_t from = firstLineFeed + 1; from <= lastLineFeed;) {
         const size_t lineFeed = text.find('\n', from);
-        if (StoredPiece(text, from, lineFeed).size() > MaxLineLength) return 0;
+        if (StoredPiece(text, from, lineFeed, dropCarriageReturns).size() > MaxLineLength) return 0;
         from = lineFeed + 1;
     }
 
@@ -231,7 +236,7 @@ int InsertText(EditBuffer& buffer, std::string_view text, int32_t line, int32_t 
         char* piece = lineFeed == std::string_view::npos
                           ? NewLine({}, text.substr(from), tail)
                           : NewLine(from == 0 ? head : std::string_view{},
-                                    StoredPiece(text, from, lineFeed), {});
+                                    StoredPiece(text, from, lineFeed, dropCarriageReturns), {});
         if (piece == nullptr)
             failed = true;
         else
@@ -250,6 +255,24 @@ int InsertText(EditBuffer& buffer, std::string_view text, int32_t line, int32_t 
     lines.lineCount += added;
     lines.modified = 1;
     return 1;
+}
+
+} // namespace
+
+int InsertText(EditBuffer& buffer, std::string_view text, int32_t line, int32_t column) {
+    return InsertPieces(buffer, text, line, column, true);
+}
+
+int InsertExactText(EditBuffer& buffer, std::string_view text, int32_t line, int32_t column) {
+    return InsertPieces(buffer, text, line, column, false);
+}
+
+std::string StoredText(std::string_view text) {
+    std::string stored;
+    stored.reserve(text.size());
+    for (size_t i = 0; i < text.size(); ++i)
+        if (text[i] != '\r' || i + 1 >= text.size() || text[i + 1] != '\n') stored += text[i];
+    return stored;
 }
 
 int ReplaceLine(EditBuffer& buffer, std::string_view text, int32_t line) {

@@ -35,14 +35,19 @@ int CountNewlines(std::string_view text);
                                  bool useCRLF);
 // The same text as a string, joined by line feeds.
 std::string RangeText(const EditBuffer& buffer, TextPos start, TextPos end);
-// True when `text`, as InsertText would store it (a carriage return just before a line feed
-// dropped), stands in the buffer from `start` on.
+// True when `text`, lines joined by line feeds, stands in the buffer from `start` on.
 bool TextStandsAt(const EditBuffer& buffer, TextPos start, std::string_view text);
+// The text as InsertText stores it: a carriage return just before a line feed dropped.
+std::string StoredText(std::string_view text);
 
 // Inserts text (which may hold line feeds) at line/column. 1 on success, also for empty text;
 // 0 with nothing changed when a resulting line would pass MaxLineLength or memory ran out.
 [[nodiscard]] int InsertText(EditBuffer& buffer, std::string_view text, int32_t line,
                              int32_t column);
+// Inserts text whose line feeds separate exactly the lines to make, carriage returns and all
+// (the inverse of RangeText). Results as for InsertText.
+[[nodiscard]] int InsertExactText(EditBuffer& buffer, std::string_view text, int32_t line,
+                                  int32_t column);
 // Stores a copy of text as the line. 1 on success, 0 when memory ran out (the line is kept).
 int ReplaceLine(EditBuffer& buffer, std::string_view text, int32_t line);
 // Deletes start..end (end exclusive). 1 on success, also when start is not before end;

@@ -137,8 +137,8 @@ bool Replace(EditBuffer& buffer, TextPos start, std::string_view removed,
              std::string_view inserted) {
     const TextPos end = EndOfInsertion(start, removed);
     if (!DeleteRange(buffer, start, end)) return false;
-    if (InsertText(buffer, inserted, start.line, start.column)) return true;
-    (void)InsertText(buffer, removed, start.line, start.column);
+    if (InsertExactText(buffer, inserted, start.line, start.column)) return true;
+    (void)InsertExactText(buffer, removed, start.line, start.column);
     return false;
 }
 
@@ -251,7 +251,22 @@ void RecordEdit(EditBuffer& buffer, TextPos start, TextPos end, std::string_view
     const TextPos selEnd{ResolveSelect(newSelEnd.line, buffer.selEnd.line),
                          ResolveSelect(newSelEnd.column, buffer.selEnd.column)};
 
-    if (!AppendTransaction(buffer, start, oldText, newText, newCursor, topLine, leftColumn,
+    // The log keeps texts exactly as they stand in the lines, so that carriage returns inside
+    // lines survive undo and redo. A pasted CR LF is stored as the line break alone; its
+    // carriage return still counts against the first line, as in InsertText.
+    std::string stored;
+    std::string_view inserted = newText;
+    if (inserted.find("\r\n") != std::string_view::npos) {
+        const size_t firstLineFeed = inserted.find('\n');
+        if (firstLineFeed + static_cast<size_t>(start.column) > MaxLineLength) {
+            LogMessage(LineTooLong);
+            return;
+        }
+        stored = StoredText(inserted);
+        inserted = stored;
+    }
+
+    if (!AppendTransaction(buffer, start, oldText, inserted, newCursor, topLine, leftColumn,
                            selStart, selEnd)) {
         LogMessage(RecordNotAllocated);
         ResetTransactionLog(buffer);

@@ -50,6 +50,17 @@ TEST_F(TextStoreTest, InsertingManyLinesKeepsTheLinesAround) {
     EXPECT_EQ(InsertText(*buffer, "x", 9, 0), 0);
 }
 
+TEST_F(TextStoreTest, ExactInsertionKeepsEveryCarriageReturn) {
+    TestBuffer buffer("xyz");
+    ASSERT_EQ(InsertExactText(*buffer, "a\r\nb\r", 0, 1), 1);
+    EXPECT_EQ(buffer.Text(), "xa\r\nb\ryz");
+    EXPECT_EQ(RangeText(*buffer, MakePos(0, 1), MakePos(1, 2)), "a\r\nb\r");
+    EXPECT_TRUE(TextStandsAt(*buffer, MakePos(0, 1), "a\r\nb\r"));
+    EXPECT_EQ(StoredText("a\r\nb\r\r\n\rc\r"), "a\nb\r\n\rc\r");
+    EXPECT_EQ(InsertExactText(*buffer, std::string(255, 'w') + "\n", 0, 1), 0);
+    EXPECT_EQ(InsertExactText(*buffer, std::string(254, 'w') + "\n", 0, 1), 1);
+}
+
 TEST_F(TextStoreTest, InsertionStopsAtTheLineLimit) {
     TestBuffer buffer(std::string(250, 'a'));
     EXPECT_EQ(InsertText(*buffer, "bcdef", 0, 100), 1); // exactly 255
@@ -123,7 +134,7 @@ TEST_F(TextStoreTest, RangeTextJoinsLinesWithTheChosenSeparator) {
     EXPECT_EQ(RangeText(*buffer, MakePos(0, 1), MakePos(2, 99)), "bc\nde\nfgh");
 
     EXPECT_TRUE(TextStandsAt(*buffer, MakePos(0, 2), "c\nde\nf"));
-    EXPECT_TRUE(TextStandsAt(*buffer, MakePos(0, 2), "c\r\nde\r\nf"));
+    EXPECT_FALSE(TextStandsAt(*buffer, MakePos(0, 2), "c\r\nde\r\nf"));
     EXPECT_FALSE(TextStandsAt(*buffer, MakePos(0, 1), "b\nde"));
     EXPECT_FALSE(TextStandsAt(*buffer, MakePos(2, 0), "fgh\n"));
     EXPECT_TRUE(TextStandsAt(*buffer, MakePos(7, 0), ""));

@@ -190,6 +190,27 @@ TEST_F(TransactionLogTest, IdenticalReplacementsAndPastesAreRecordedAndReversibl
     EXPECT_TRUE(host.boxes.empty());
 }
 
+TEST_F(TransactionLogTest, CarriageReturnsInsideLinesSurviveUndoAndRedo) {
+    // A file with CR CR LF line ends keeps one carriage return at the end of its lines.
+    TestBuffer buffer("first\r\nsecond\r");
+    RecordEdit(*buffer, MakePos(0, 2), MakePos(1, 3), "", MakePos(0, 2), Show, Origin, Origin);
+    EXPECT_EQ(buffer.Text(), "fiond\r");
+    EXPECT_EQ(UndoTransaction(), 0);
+    EXPECT_EQ(buffer.Text(), "first\r\nsecond\r");
+    EXPECT_EQ(RedoTransaction(*buffer), 0);
+    EXPECT_EQ(UndoTransaction(), 0);
+    EXPECT_TRUE(host.boxes.empty());
+
+    // A pasted CR LF counts its carriage return against the first line, as InsertText does.
+    TestBuffer full(std::string(200, 'f'));
+    const std::string paste = std::string(55, 'p') + "\r\nz";
+    RecordEdit(*full, MakePos(0, 200), MakePos(0, 200), paste, MakePos(1, 1), Show, Origin, Origin);
+    EXPECT_EQ(host.ErrorBoxTexts(),
+              "Transaction ignored because\nresulting line would become too long. \n");
+    EXPECT_EQ(full.Text(), std::string(200, 'f'));
+    EXPECT_EQ(full.LoggedTransactions(), 0);
+}
+
 TEST_F(TransactionLogTest, CaretMovesAreUndoneWithoutTouchingTheText) {
     TestBuffer buffer("first line\nsecond\nthird");
     buffer->lines.modified = 0;
