@@ -53,7 +53,8 @@ std::string MakeHdl() {
 Files& TheFiles() {
     static Files files = [] {
         Files f;
-        std::string pattern = (std::filesystem::temp_directory_path() / "ruvo-bench-XXXXXX").string();
+        std::string pattern =
+            (std::filesystem::temp_directory_path() / "ruvo-bench-XXXXXX").string();
         f.folder = mkdtemp(pattern.data());
         f.source = f.folder + "/big.vhd";
         f.target = f.folder + "/saved.vhd";
@@ -126,7 +127,8 @@ BENCHMARK(SaveFile)->Unit(benchmark::kMillisecond);
 class RatioReporter : public benchmark::ConsoleReporter {
   public:
     void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs) times_[run.benchmark_name()] = run.GetAdjustedRealTime();
+        for (const Run& run : runs)
+            times_[run.benchmark_name()] = run.GetAdjustedRealTime();
         ConsoleReporter::ReportRuns(runs);
     }
     void Finalize() override {

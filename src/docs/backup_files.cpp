@@ -22,17 +22,24 @@ std::optional<std::string> backupNameOf(std::string_view name) {
 
 std::string_view lzCopyErrorText(long code) {
     switch (code) {
-    case LzErrorBadInHandle: return "The handle identifying the source file was not valid.";
-    case LzErrorBadOutHandle: return "The handle identifying the destination file was not valid.";
-    case LzErrorRead: return "The source file format was not valid.";
-    case LzErrorWrite: return "There is insufficient space for the output file.";
-    case LzErrorGlobalAlloc: return "There is insufficient memory for the required buffers.";
+    case LzErrorBadInHandle:
+        return "The handle identifying the source file was not valid.";
+    case LzErrorBadOutHandle:
+        return "The handle identifying the destination file was not valid.";
+    case LzErrorRead:
+        return "The source file format was not valid.";
+    case LzErrorWrite:
+        return "There is insufficient space for the output file.";
+    case LzErrorGlobalAlloc:
+        return "There is insufficient memory for the required buffers.";
     case LzErrorGlobalLock:
         return "The handle identifying the internal data structures is invalid.";
-    case LzErrorBadValue: return "The input parameter is out of the allowable range.";
+    case LzErrorBadValue:
+        return "The input parameter is out of the allowable range.";
     case LzErrorUnknownAlgorithm:
         return "The source file was compressed with an unrecognized compression algorithm.";
-    default: return {};
+    default:
+        return {};
     }
 }
 

@@ -34,8 +34,8 @@ int checkChangedOnDisk(EditBuffer& buffer) {
     if (isUnnamed(buffer.fileName) || buffer.windowKind == KindMessage) return 1;
     const std::optional<FileStatus> status = fileStatus(buffer.fullPath);
     if (!status || status->modTime <= buffer.fileTime) return 1;
-    const std::string question = "The file: " + std::string(buffer.fullPath) +
-                                 " has changed\nDo you want to reload it?";
+    const std::string question =
+        "The file: " + std::string(buffer.fullPath) + " has changed\nDo you want to reload it?";
     if (TheEditor().host.QuestionBox("File changed", question, QuestionKind::YesNo) == AnswerYes)
         (void)reloadBuffer(buffer);
     else

@@ -17,12 +17,12 @@ struct DocumentState {
     DocumentState& operator=(const DocumentState&) = delete;
     ~DocumentState(); // frees every buffer record, open or closed
 
-    std::vector<EditBuffer*> buffers;       // open buffers, in creation order
-    std::vector<EditBuffer*> closedBuffers; // closed records, kept for stale pointers
+    std::vector<EditBuffer*> buffers;                     // open buffers, in creation order
+    std::vector<EditBuffer*> closedBuffers;               // closed records, kept for stale pointers
     std::array<std::string, RecentFileSlots> recentFiles; // slot 0 most recently closed
     int untitledCounter = 1;
     std::string lastDialogDirectory;
-    std::string fileDialogFilter;  // description|pattern|... pairs, rebuilt before each dialog
+    std::string fileDialogFilter;       // description|pattern|... pairs, rebuilt before each dialog
     bool checkingChangedOnDisk = false; // the question boxes move the focus themselves
 };
 

@@ -40,11 +40,15 @@ EditBuffer* NewBufferRecord() {
 } // namespace
 
 DocumentState::~DocumentState() {
-    for (EditBuffer* buffer : buffers) FreeBufferRecord(buffer);
-    for (EditBuffer* buffer : closedBuffers) FreeBufferRecord(buffer);
+    for (EditBuffer* buffer : buffers)
+        FreeBufferRecord(buffer);
+    for (EditBuffer* buffer : closedBuffers)
+        FreeBufferRecord(buffer);
 }
 
-bool isUnnamed(std::string_view name) { return name.substr(0, 8) == "Untitled"; }
+bool isUnnamed(std::string_view name) {
+    return name.substr(0, 8) == "Untitled";
+}
 
 std::string fullPathOf(std::string_view name) {
     if (name.empty()) return {};
@@ -86,10 +90,9 @@ int openFile(std::string_view name, int createNew, int readOnly, int kind) {
         readOnly = 1;
     }
     if (createNew == 0 && !name.empty() && !fileStatus(name)) {
-        const std::string question = "File '" + nameText +
-                                     "' does not exists.\nDo you want to create an empty file ?";
-        if (host.QuestionBox("No such file", question, QuestionKind::YesNo) != AnswerYes)
-            return 1;
+        const std::string question =
+            "File '" + nameText + "' does not exists.\nDo you want to create an empty file ?";
+        if (host.QuestionBox("No such file", question, QuestionKind::YesNo) != AnswerYes) return 1;
         createNew = 1;
     }
 
@@ -157,7 +160,8 @@ void closeBuffer(EditBuffer& buffer) {
         documents.closedBuffers.push_back(&buffer);
     }
     if (editor.engine.currentBuffer == &buffer)
-        editor.engine.currentBuffer = documents.buffers.empty() ? nullptr : documents.buffers.back();
+        editor.engine.currentBuffer =
+            documents.buffers.empty() ? nullptr : documents.buffers.back();
     UpdateCommandStates();
 }
 

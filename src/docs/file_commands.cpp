@@ -102,10 +102,20 @@ int ExitApp() {
     return 0;
 }
 
-int LoadMRUFile1() { return LoadRecent(0); }
-int LoadMRUFile2() { return LoadRecent(1); }
-int LoadMRUFile3() { return LoadRecent(2); }
-int LoadMRUFile4() { return LoadRecent(3); }
-int LoadMRUFile5() { return LoadRecent(4); }
+int LoadMRUFile1() {
+    return LoadRecent(0);
+}
+int LoadMRUFile2() {
+    return LoadRecent(1);
+}
+int LoadMRUFile3() {
+    return LoadRecent(2);
+}
+int LoadMRUFile4() {
+    return LoadRecent(3);
+}
+int LoadMRUFile5() {
+    return LoadRecent(4);
+}
 
 } // namespace ruvo

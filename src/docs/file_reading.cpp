@@ -22,7 +22,7 @@ constexpr size_t BlockSize = 1 << 16;
 // Hands out the pieces a line-reading call with a 255-character buffer would return,
 // from large blocks of the file.
 class ChunkReader {
-public:
+  public:
     explicit ChunkReader(std::FILE* file) : file_(file), block_(new char[BlockSize]) {
         // The blocks are large already; the stream's own buffer would only add a copy.
         std::setvbuf(file_, nullptr, _IONBF, 0);
@@ -36,15 +36,15 @@ public:
         size_t available = length_ - position_;
         if (available > ReadChunkLength) available = ReadChunkLength;
         const void* lineFeed = std::memchr(start, '\n', available);
-        length = lineFeed != nullptr ? static_cast<size_t>(static_cast<const char*>(lineFeed) -
-                                                           start) + 1
-                                     : available;
+        length = lineFeed != nullptr
+                     ? static_cast<size_t>(static_cast<const char*>(lineFeed) - start) + 1
+                     : available;
         piece = start;
         position_ += length;
         return true;
     }
 
-private:
+  private:
     void Refill() {
         const size_t remaining = length_ - position_;
         std::memmove(block_.get(), block_.get() + position_, remaining);
@@ -74,8 +74,8 @@ long readLines(std::FILE* file, LineList& lines) {
     while (reader.Next(piece, rawLength)) {
         // The piece is a C string: a NUL byte ends it, and its bytes are not counted.
         const void* nul = std::memchr(piece, '\0', rawLength);
-        size_t length = nul != nullptr ? static_cast<size_t>(static_cast<const char*>(nul) - piece)
-                                       : rawLength;
+        size_t length =
+            nul != nullptr ? static_cast<size_t>(static_cast<const char*>(nul) - piece) : rawLength;
         count += static_cast<long>(length);
         endedWithNewline = length > 0 && piece[length - 1] == '\n';
         if (endedWithNewline) --length;

@@ -29,7 +29,7 @@ constexpr size_t WriteBlockSize = 1 << 16;
 // Collects lines in a large block and writes it in one call per block; the line ends are
 // written as CR LF bytes, the same on every platform.
 class BlockWriter {
-public:
+  public:
     explicit BlockWriter(std::FILE* file) : file_(file), block_(new char[WriteBlockSize]) {}
 
     void Put(const char* text, size_t length) {
@@ -46,7 +46,7 @@ public:
         used_ = 0;
     }
 
-private:
+  private:
     std::FILE* file_;
     std::unique_ptr<char[]> block_;
     size_t used_ = 0;

@@ -14,7 +14,8 @@ constexpr const char* FilesSection = "Files";
 
 void loadRecentFiles() {
     DocumentState& documents = TheEditor().documents;
-    const std::vector<std::string> entries = ReadList(FilesSection, "", RecentFileSlots, MaxFileName);
+    const std::vector<std::string> entries =
+        ReadList(FilesSection, "", RecentFileSlots, MaxFileName);
     for (int i = 0; i < RecentFileSlots; ++i)
         documents.recentFiles[i] = i < static_cast<int>(entries.size()) ? entries[i] : "";
     rebuildRecentMenu();
@@ -35,7 +36,8 @@ void addRecentFile(std::string_view name) {
             break;
         }
     }
-    for (int i = removed; i > 0; --i) slots[i] = std::move(slots[i - 1]);
+    for (int i = removed; i > 0; --i)
+        slots[i] = std::move(slots[i - 1]);
     slots[0] = std::string(name.substr(0, MaxFileName - 1));
     rebuildRecentMenu();
 }
@@ -62,6 +64,8 @@ std::vector<std::string> recentMenuLabels() {
     return labels;
 }
 
-void rebuildRecentMenu() { TheEditor().host.RecentFilesChanged(recentMenuLabels()); }
+void rebuildRecentMenu() {
+    TheEditor().host.RecentFilesChanged(recentMenuLabels());
+}
 
 } // namespace ruvo

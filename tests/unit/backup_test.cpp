@@ -12,7 +12,7 @@ namespace ruvo {
 namespace {
 
 class BackupTest : public EditorTest {
-protected:
+  protected:
     TempFolder folder;
 };
 

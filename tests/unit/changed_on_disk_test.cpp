@@ -15,7 +15,7 @@ namespace {
 using Lines = std::vector<std::string>;
 
 class ChangedOnDiskTest : public EditorTest {
-protected:
+  protected:
     EditBuffer& Open(const std::string& path, const std::string& bytes) {
         WriteBytes(path, bytes);
         EXPECT_EQ(openFile(path, 0, 0, KindDocument), 0);
@@ -23,7 +23,8 @@ protected:
     }
     int Questions() const {
         int count = 0;
-        for (const auto& box : host.boxes) count += box.caption == "File changed" ? 1 : 0;
+        for (const auto& box : host.boxes)
+            count += box.caption == "File changed" ? 1 : 0;
         return count;
     }
     TempFolder folder;
@@ -42,7 +43,8 @@ TEST_F(ChangedOnDiskTest, ANewerFileIsOfferedOnceAndReloadedOnYes) {
     host.answers = {AnswerYes};
     checkAllChangedOnDisk();
     ASSERT_EQ(Questions(), 1);
-    EXPECT_EQ(host.boxes.back().text, "The file: " + path + " has changed\nDo you want to reload it?");
+    EXPECT_EQ(host.boxes.back().text,
+              "The file: " + path + " has changed\nDo you want to reload it?");
     EXPECT_EQ(host.boxes.back().kind, static_cast<int>(QuestionKind::YesNo));
     EXPECT_EQ(LinesOf(buffer), (Lines{"uno", ""}));
     EXPECT_EQ(buffer.lines.modified, 0);

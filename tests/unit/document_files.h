@@ -15,9 +15,10 @@
 namespace ruvo {
 
 class TempFolder {
-public:
+  public:
     TempFolder() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "ruvo-docs-XXXXXX").string();
+        std::string pattern =
+            (std::filesystem::temp_directory_path() / "ruvo-docs-XXXXXX").string();
         path_ = mkdtemp(pattern.data());
     }
     ~TempFolder() {
@@ -29,7 +30,7 @@ public:
 
     std::string File(const std::string& name) const { return path_ + "/" + name; }
 
-private:
+  private:
     std::string path_;
 };
 
@@ -47,7 +48,8 @@ inline std::string ReadBytes(const std::string& path) {
 
 inline std::vector<std::string> LinesOf(const EditBuffer& buffer) {
     std::vector<std::string> lines;
-    for (int32_t i = 0; i < buffer.lines.lineCount; ++i) lines.emplace_back(buffer.lines.lineText[i]);
+    for (int32_t i = 0; i < buffer.lines.lineCount; ++i)
+        lines.emplace_back(buffer.lines.lineText[i]);
     return lines;
 }
 
@@ -57,6 +59,8 @@ inline void TouchLater(const std::string& path, int seconds) {
     std::filesystem::last_write_time(path, now + std::chrono::seconds(seconds));
 }
 
-inline EditBuffer* Current() { return TheEditor().engine.currentBuffer; }
+inline EditBuffer* Current() {
+    return TheEditor().engine.currentBuffer;
+}
 
 } // namespace ruvo

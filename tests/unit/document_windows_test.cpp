@@ -16,7 +16,7 @@ namespace {
 using Lines = std::vector<std::string>;
 
 class DocumentWindowsTest : public EditorTest {
-protected:
+  protected:
     Lines LogLines() const {
         Lines lines;
         const LineList* log = editor.settings.startupErrors.lines;

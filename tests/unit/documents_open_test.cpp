@@ -16,7 +16,7 @@ namespace {
 using Lines = std::vector<std::string>;
 
 class DocumentsOpenTest : public EditorTest {
-protected:
+  protected:
     std::vector<std::string> OpenNames() {
         std::vector<std::string> names;
         (void)forEachBuffer([&](EditBuffer& buffer) {
@@ -192,7 +192,8 @@ TEST_F(DocumentsOpenTest, ClosingKeepsTheRecordAndMovesOn) {
 }
 
 TEST_F(DocumentsOpenTest, ForEachBufferStopsAtTheFirstZero) {
-    for (int i = 0; i < 3; ++i) ASSERT_EQ(NewFile(), 0);
+    for (int i = 0; i < 3; ++i)
+        ASSERT_EQ(NewFile(), 0);
     int visits = 0;
     EXPECT_EQ(forEachBuffer([&](EditBuffer&) { return ++visits < 2 ? 1 : 0; }), 0);
     EXPECT_EQ(visits, 2);

@@ -12,7 +12,7 @@ namespace {
 using Lines = std::vector<std::string>;
 
 class FileReadingTest : public EditorTest {
-protected:
+  protected:
     // Opens a file holding `bytes` and returns the new buffer's lines.
     Lines Load(const std::string& bytes, const std::string& name = "in.vhd") {
         const std::string path = folder.File(name);
@@ -40,7 +40,8 @@ TEST_F(FileReadingTest, OnlyLineEndCarriageReturnsAreDroppedAndTabsStay) {
 
 TEST_F(FileReadingTest, LongLinesAreSplitIntoPiecesOf254) {
     const std::string longLine(300, 'q');
-    EXPECT_EQ(Load(longLine + "\r\nend"), (Lines{std::string(254, 'q'), std::string(46, 'q'), "end"}));
+    EXPECT_EQ(Load(longLine + "\r\nend"),
+              (Lines{std::string(254, 'q'), std::string(46, 'q'), "end"}));
     const std::string exact(254, 'e');
     // A piece of exactly 254 characters leaves its line end to a piece of its own.
     EXPECT_EQ(Load(exact + "\nx", "exact.vhd"), (Lines{exact, "", "x"}));
@@ -53,8 +54,8 @@ TEST_F(FileReadingTest, NulByteGivesTheSizeMessageAndKeepsTheText) {
     // Like a C line reader, the piece "ab\0cd\n" counts as "ab" without a line end.
     Load(std::string("ab\0cd\nef\n", 9), "nul.bin");
     ASSERT_EQ(host.boxes.size(), 1u);
-    EXPECT_EQ(host.boxes[0].text, "Error(s) reading file '" + path +
-                                      "'.\nExpected 9 bytes, actually read 5 bytes.");
+    EXPECT_EQ(host.boxes[0].text,
+              "Error(s) reading file '" + path + "'.\nExpected 9 bytes, actually read 5 bytes.");
     EXPECT_EQ(host.boxes[0].kind, 0);
     EXPECT_EQ(LinesOf(*Current()), (Lines{"ab", "ef", ""}));
     EXPECT_EQ(host.busyCursorDepth, 0);
@@ -62,7 +63,8 @@ TEST_F(FileReadingTest, NulByteGivesTheSizeMessageAndKeepsTheText) {
 
 TEST_F(FileReadingTest, BinaryFileOpensWithAMessageAndEveryLineWithinLimits) {
     std::string bytes;
-    for (int i = 0; i < 4096; ++i) bytes += static_cast<char>((i * 7 + 3) % 256);
+    for (int i = 0; i < 4096; ++i)
+        bytes += static_cast<char>((i * 7 + 3) % 256);
     const Lines lines = Load(bytes, "blob.bin");
     ASSERT_EQ(host.boxes.size(), 1u);
     EXPECT_NE(host.boxes[0].text.find("Expected 4096 bytes"), std::string::npos);

@@ -18,7 +18,7 @@ namespace {
 using Lines = std::vector<std::string>;
 
 class FileSavingTest : public EditorTest {
-protected:
+  protected:
     EditBuffer& Open(const std::string& path) {
         EXPECT_EQ(openFile(path, 0, 0, KindDocument), 0);
         return *Current();
@@ -32,10 +32,10 @@ protected:
 
 TEST_F(FileSavingTest, UnchangedFilesRoundTripByteForByte) {
     const std::vector<std::string> samples = {
-        "entity e is\r\nend e;",               // no final line end
-        "entity e is\r\nend e;\r\n",           // final CR LF becomes an empty last line
-        "a\r\n\r\n\tb\t\r\n",                  // empty lines and tabs
-        "",                                    // empty file
+        "entity e is\r\nend e;",     // no final line end
+        "entity e is\r\nend e;\r\n", // final CR LF becomes an empty last line
+        "a\r\n\r\n\tb\t\r\n",        // empty lines and tabs
+        "",                          // empty file
         std::string(252, 'x') + "\r\n" + std::string(46, 'y'), // longest line kept whole
     };
     for (size_t i = 0; i < samples.size(); ++i) {
@@ -61,8 +61,8 @@ TEST_F(FileSavingTest, LineFeedFilesAndLongLinesAreWrittenWithCRLF) {
     WriteBytes(path, "module m;\nendmodule\n" + std::string(300, 'z'));
     EditBuffer& buffer = Open(path);
     EXPECT_EQ(saveBuffer(buffer.fileName, buffer), 0);
-    EXPECT_EQ(ReadBytes(path), "module m;\r\nendmodule\r\n" + std::string(254, 'z') + "\r\n" +
-                                   std::string(46, 'z'));
+    EXPECT_EQ(ReadBytes(path),
+              "module m;\r\nendmodule\r\n" + std::string(254, 'z') + "\r\n" + std::string(46, 'z'));
 }
 
 TEST_F(FileSavingTest, SuccessfulSaveClearsModifiedAndTheUndoLog) {
@@ -178,7 +178,8 @@ TEST_F(FileSavingTest, UnnamedBufferAsksForANameAndTakesItsLanguage) {
 TEST_F(FileSavingTest, LargeBuffersShowTheProgressWindow) {
     const std::string path = folder.File("big.vhd");
     std::string bytes;
-    for (int i = 0; i < 2500; ++i) bytes += "signal s" + std::to_string(i) + " : bit;\r\n";
+    for (int i = 0; i < 2500; ++i)
+        bytes += "signal s" + std::to_string(i) + " : bit;\r\n";
     WriteBytes(path, bytes);
     EditBuffer& buffer = Open(path);
     ASSERT_EQ(buffer.lines.lineCount, 2501);

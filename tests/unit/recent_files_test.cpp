@@ -14,7 +14,7 @@ namespace {
 using Names = std::vector<std::string>;
 
 class RecentFilesTest : public EditorTest {
-protected:
+  protected:
     Names Slots() const {
         return Names(editor.documents.recentFiles.begin(), editor.documents.recentFiles.end());
     }
@@ -32,8 +32,10 @@ protected:
 
 TEST_F(RecentFilesTest, ClosingSixFilesKeepsTheLastFiveMostRecentFirst) {
     Names paths;
-    for (int i = 1; i <= 6; ++i) paths.push_back(Make("f" + std::to_string(i) + ".vhd"));
-    for (const std::string& path : paths) OpenAndClose(path);
+    for (int i = 1; i <= 6; ++i)
+        paths.push_back(Make("f" + std::to_string(i) + ".vhd"));
+    for (const std::string& path : paths)
+        OpenAndClose(path);
     EXPECT_EQ(Slots(), (Names{paths[5], paths[4], paths[3], paths[2], paths[1]}));
 
     // A listed file moves to the top without a duplicate.
@@ -62,7 +64,8 @@ TEST_F(RecentFilesTest, ShortenedLabelsForTheMenu) {
     EXPECT_EQ(shortenPath("C:\\work\\alu_xy.vhd", 18), "C:\\work\\alu_xy.vhd"); // 18: whole
     EXPECT_EQ(shortenPath("C:\\work\\alu_xyz.vhd", 18), "C:\\work\\...\\alu_xyz.vhd");
     EXPECT_EQ(shortenPath("/home/user/verylongname.v", 18), "/home/us...\\verylongname.v");
-    EXPECT_EQ(shortenPath("D:a_rather_long_file_name.v", 18), "D:a_rath...\\a_rather_long_file_name.v");
+    EXPECT_EQ(shortenPath("D:a_rather_long_file_name.v", 18),
+              "D:a_rath...\\a_rather_long_file_name.v");
     EXPECT_EQ(shortenPath("abcdefghijklm", 12), "abc...\\abcdefghijklm"); // at least 3
 
     addRecentFile("C:\\designs\\alu\\alu_top.vhd");
