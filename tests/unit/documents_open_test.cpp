@@ -136,8 +136,17 @@ TEST_F(DocumentsOpenTest, LoadFileUsesTheOpenDialogAndItsReadOnlyBox) {
     EXPECT_EQ(host.fileDialogs[0].filter, "All files(*.*)|*.*|");
     EXPECT_EQ(Current(), nullptr);
 
+    // Named languages with a filter follow in table order; one without a filter is left out.
+    LanguageEntry(1).name = "VHDL";
+    LanguageEntry(1).filter = "VHDL(*.vhd)|*.vhd|";
+    LanguageEntry(2).name = "Perl";
+    LanguageEntry(3).filter = "Orphan(*.o)|*.o|"; // no name: unused entry
+    LanguageEntry(4).name = "Verilog";
+    LanguageEntry(4).filter = "Verilog(*.v)|*.v|";
     host.fileDialogAnswers.push_back(FileDialogResult{path, "", true});
     EXPECT_EQ(LoadFile(), 0);
+    EXPECT_EQ(host.fileDialogs.back().filter,
+              "All files(*.*)|*.*|VHDL(*.vhd)|*.vhd|Verilog(*.v)|*.v|");
     ASSERT_NE(Current(), nullptr);
     EXPECT_EQ(Current()->lines.readOnly, 1);
     EXPECT_EQ(editor.documents.lastDialogDirectory, path.substr(0, path.rfind('/')));

@@ -1,4 +1,5 @@
 // Saving buffers: byte-exact round trips, refused saves, the save dialog, the progress window.
+#include <random>
 #include <string>
 #include <vector>
 
@@ -54,6 +55,32 @@ TEST_F(FileSavingTest, UnchangedFilesRoundTripByteForByte) {
     EditBuffer& buffer = Open(path);
     EXPECT_EQ(saveBuffer(buffer.fileName, buffer), 0);
     EXPECT_EQ(ReadBytes(path), std::string(254, 'f') + "\r\n\r\nz");
+}
+
+TEST_F(FileSavingTest, RandomFilesRoundTrip) {
+    // Any file of CR LF lines shorter than 253 characters, none ending in CR, survives.
+    std::mt19937 random(20261121);
+    const std::string alphabet = "abcXYZ019 \t;:-_'\"()<=>\r";
+    for (int round = 0; round < 40; ++round) {
+        std::string bytes;
+        const int lineCount = static_cast<int>(random() % 60);
+        for (int i = 0; i < lineCount; ++i) {
+            std::string line(random() % 253, 'x');
+            for (char& c : line)
+                c = alphabet[random() % alphabet.size()];
+            if (!line.empty() && line.back() == '\r') line.back() = 'r';
+            bytes += line;
+            if (i + 1 < lineCount || random() % 2 == 0) bytes += "\r\n";
+        }
+        const std::string path = folder.File("random" + std::to_string(round) + ".vhd");
+        WriteBytes(path, bytes);
+        EditBuffer& buffer = Open(path);
+        for (const std::string& line : LinesOf(buffer))
+            EXPECT_LE(line.size(), 254u);
+        EXPECT_EQ(saveBuffer(buffer.fileName, buffer), 0);
+        EXPECT_EQ(ReadBytes(path), bytes) << "round " << round;
+    }
+    EXPECT_TRUE(host.boxes.empty()) << host.ErrorBoxTexts();
 }
 
 TEST_F(FileSavingTest, LineFeedFilesAndLongLinesAreWrittenWithCRLF) {
