@@ -14,11 +14,13 @@
 //   child-rect CLASS          rectangle of the frame's child of CLASS, in client coordinates
 //   children                  one line per MDI child: its title (also "children N" first)
 //   active                    title of the active MDI child ("active -" when none)
-//   command ROW               sends WM_COMMAND 10000 + ROW and waits for it to be handled
-//   post-command ROW          posts it (for commands that open a modal dialog)
+//   command NAME|ROW          sends WM_COMMAND 10000 + the command's row and waits for it
+//                             to be handled (names as in menu.ini, e.g. EditCopy)
+//   post-command NAME|ROW     posts it (for commands that open a modal dialog)
 //   type TEXT                 sends each character of TEXT as WM_CHAR to the active child
 //   move X Y WIDTH HEIGHT     moves and sizes the frame like a user would
 //   show max|min|restore      maximises, minimises or restores the frame
+//   hand-over PATH            what a second start does: PATH as a global atom in WM_USER+101
 //   clipboard                 the CF_TEXT clipboard contents, lines joined with "\n"
 //   close                     posts WM_CLOSE to the frame
 //   sleep MILLISECONDS        pauses (only for things that have no window to wait for)
@@ -30,10 +32,11 @@
 #include <string>
 #include <vector>
 
+#include "commands/command_table.h"
+
 namespace {
 
 constexpr const char* FrameClass = "DavoEditClass";
-constexpr int CommandIdBase = 10000;
 constexpr DWORD PollMilliseconds = 100;
 
 [[noreturn]] void Fail(const std::string& what) {
@@ -207,8 +210,14 @@ size_t Run(const std::vector<std::string>& args, size_t at) {
         return at + 1;
     }
     if (name == "command" || name == "post-command") {
-        const int row = ToNumber(argument(1), "command row");
-        const WPARAM id = static_cast<WPARAM>(CommandIdBase + row);
+        int row = -1;
+        const std::string& which = argument(1);
+        if (!which.empty() && which.find_first_not_of("0123456789") == std::string::npos) {
+            row = ToNumber(which, "command row");
+        } else if (ruvo::CommandByName(which, nullptr, false, &row) == nullptr) {
+            Fail("no command named '" + which + "'");
+        }
+        const WPARAM id = static_cast<WPARAM>(ruvo::CommandMenuIdBase + row);
         if (name == "command") {
             SendMessageA(RequireFrame(), WM_COMMAND, id, 0);
         } else {
@@ -250,6 +259,14 @@ size_t Run(const std::vector<std::string>& args, size_t at) {
             Fail("show takes max, min or restore, not '" + how + "'");
         SendMessageA(RequireFrame(), WM_SYSCOMMAND, command, 0);
         std::printf("show ok\n");
+        return at + 2;
+    }
+    if (name == "hand-over") {
+        const ATOM atom = GlobalAddAtomA(argument(1).c_str());
+        if (atom == 0) Fail("cannot add the global atom '" + argument(1) + "'");
+        SendMessageA(RequireFrame(), WM_USER + 101, 1, atom);
+        GlobalDeleteAtom(atom);
+        std::printf("hand-over ok\n");
         return at + 2;
     }
     if (name == "clipboard") {
