@@ -131,6 +131,19 @@ TEST_F(TransactionLogTest, StepsThatNoLongerMatchTheTextAreRefused) {
     EXPECT_FALSE(Enabled("EditRedo"));
 }
 
+TEST_F(TransactionLogTest, AnUndoThatCannotBeAppliedClearsTheHistory) {
+    TestBuffer buffer("ab");
+    RecordEdit(*buffer, MakePos(0, 0), MakePos(0, 1), "", Origin, Show, Origin, Origin);
+    // The line grows behind the log's back; the deleted "a" no longer fits.
+    ASSERT_EQ(ReplaceLine(*buffer, "b" + std::string(254, 'x'), 0), 1);
+    EXPECT_EQ(UndoTransaction(), 1);
+    EXPECT_EQ(host.ErrorBoxTexts(), "Impossible that this undo transaction failed\n"
+                                    "Transaction ignored; undo-redo history cleared\n");
+    EXPECT_EQ(buffer.Text(), "b" + std::string(254, 'x'));
+    EXPECT_EQ(buffer.LoggedTransactions(), 0);
+    EXPECT_FALSE(Enabled("EditUndo"));
+}
+
 TEST_F(TransactionLogTest, AnEditThatMakesALineTooLongIsDroppedAlone) {
     TestBuffer buffer(std::string(128, 'a') + "\n" + std::string(128, 'b'));
     Type(buffer, 'x');
