@@ -277,7 +277,7 @@ std::string StoredText(std::string_view text) {
 
 int ReplaceLine(EditBuffer& buffer, std::string_view text, int32_t line) {
     LineList& lines = buffer.lines;
-    if (line < 0 || line >= lines.lineCount) return 0;
+    if (line < 0 || line >= lines.lineCount || text.size() > MaxLineLength) return 0;
     char* copy = NewLine(text, {}, {});
     if (copy == nullptr) return 0;
     Release(lines.lineText[line]);

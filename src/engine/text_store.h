@@ -48,7 +48,8 @@ std::string StoredText(std::string_view text);
 // (the inverse of RangeText). Results as for InsertText.
 [[nodiscard]] int InsertExactText(EditBuffer& buffer, std::string_view text, int32_t line,
                                   int32_t column);
-// Stores a copy of text as the line. 1 on success, 0 when memory ran out (the line is kept).
+// Stores a copy of text as the line. 1 on success; 0 with the line kept when the text passes
+// MaxLineLength or memory ran out.
 int ReplaceLine(EditBuffer& buffer, std::string_view text, int32_t line);
 // Deletes start..end (end exclusive). 1 on success, also when start is not before end;
 // 0 with nothing changed when the joined line would pass MaxLineLength or memory ran out.

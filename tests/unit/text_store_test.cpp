@@ -187,6 +187,8 @@ TEST_F(TextStoreTest, ReplaceLineStoresACopyAndMarksTheText) {
     EXPECT_EQ(buffer.Text(), "one\nzwei");
     EXPECT_EQ(buffer->lines.modified, 1);
     EXPECT_EQ(ReplaceLine(*buffer, "x", 2), 0);
+    EXPECT_EQ(ReplaceLine(*buffer, std::string(256, 'x'), 0), 0);
+    EXPECT_EQ(ReplaceLine(*buffer, std::string(255, 'x'), 0), 1);
 }
 
 TEST_F(TextStoreTest, AllocationFailureChangesNothing) {
