@@ -64,7 +64,7 @@ e2e_make_prefix() {
         >>"$E2E_WORK/wineboot.log" 2>&1 || e2e_fail "cannot set the virtual desktop"
     timeout 60 wine reg add 'HKCU\Software\Wine\Explorer\Desktops' /v Default /d 1280x800 /f \
         >>"$E2E_WORK/wineboot.log" 2>&1 || e2e_fail "cannot set the desktop size"
-    wineserver -k 2>/dev/null || true
+    timeout 30 wineserver -k 2>/dev/null || true
     timeout 60 wineserver -w || true
     mkdir -p "$WINEPREFIX/drive_c/windows/Fonts"
     if [[ -f /usr/share/wine/fonts/marlett.ttf ]]; then
@@ -84,7 +84,7 @@ e2e_install_app() {
 
 # Files of config/ go beside ruvo.exe; config/ruvo.ini becomes the profile.
 e2e_reset_app() {
-    wineserver -k 2>/dev/null || true
+    timeout 30 wineserver -k 2>/dev/null || true
     timeout 30 wineserver -w 2>/dev/null || true
     rm -f "$E2E_PROFILE"
     if [[ -d $E2E_ROOT/config ]]; then
@@ -97,7 +97,7 @@ e2e_reset_app() {
 
 e2e_cleanup() {
     if [[ -n ${WINEPREFIX:-} && -d ${WINEPREFIX:-} ]]; then
-        wineserver -k 2>/dev/null || true
+        timeout 30 wineserver -k 2>/dev/null || true
         timeout 30 wineserver -w 2>/dev/null || true
     fi
     if [[ -n ${E2E_XVFB_PID:-} ]]; then
