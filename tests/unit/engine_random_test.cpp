@@ -121,6 +121,12 @@ class EngineRandomTest : public EditorTest, public ::testing::WithParamInterface
         return word;
     }
 
+    ScrollTarget AnyScroll() {
+        static const int32_t lines[] = {ScrollShow, ScrollKeep, ScrollCentreIfHidden, ScrollCentre};
+        static const int32_t columns[] = {ScrollShow, ScrollKeep, 0, 8};
+        return {lines[Below(4)], columns[Below(4)]};
+    }
+
     std::string Paste() {
         const bool crlf = Below(2) == 0;
         std::string text;
@@ -167,8 +173,9 @@ class EngineRandomTest : public EditorTest, public ::testing::WithParamInterface
 TEST_P(EngineRandomTest, EveryStepMatchesTheModelAndEverythingCanBeUndone) {
     const Lines start{"entity top is", "\tport (clk : in std_logic);", "", "end entity;"};
     TestBuffer buffer("entity top is\n\tport (clk : in std_logic);\n\nend entity;");
+    buffer->visibleLines = 6;
+    buffer->visibleColumns = 30;
     Model model(start);
-    const ScrollTarget show{ScrollShow, ScrollShow};
     int refused = 0;
 
     for (int step = 0; step < 8000; ++step) {
@@ -197,7 +204,7 @@ TEST_P(EngineRandomTest, EveryStepMatchesTheModelAndEverythingCanBeUndone) {
             const Outcome outcome = Replace(text, from, to, inserted);
             const size_t boxes = host.boxes.size();
             model.ReRecordUndone();
-            RecordEdit(*buffer, from, to, inserted, caret, show, caret, caret);
+            RecordEdit(*buffer, from, to, inserted, caret, AnyScroll(), caret, caret);
             if (host.boxes.size() == boxes) {
                 ASSERT_FALSE(outcome.mustFail);
                 model.Append(outcome.text, caret);
@@ -213,7 +220,7 @@ TEST_P(EngineRandomTest, EveryStepMatchesTheModelAndEverythingCanBeUndone) {
             const TextPos to = AnyPos(text);
             const TextPos anchor = Below(3) == 0 ? AnyPos(text) : to;
             model.ReRecordUndone();
-            RecordEdit(*buffer, {}, {}, "", to, show, anchor, to);
+            RecordEdit(*buffer, {}, {}, "", to, AnyScroll(), anchor, to);
             model.Append(text, to);
             ASSERT_EQ(buffer->cursor, to);
             ASSERT_TRUE(PosLessOrEqual(buffer->selStart, buffer->selEnd));
@@ -227,6 +234,10 @@ TEST_P(EngineRandomTest, EveryStepMatchesTheModelAndEverythingCanBeUndone) {
             ASSERT_EQ(buffer->cursor, Clamp(model.Text(), model.Cursor()));
         }
         ASSERT_TRUE(Matches(*buffer, model.Text()));
+        // Whatever the scroll code, the caret line is never below the window.
+        ASSERT_GE(buffer->topLine, buffer->cursor.line - buffer->visibleLines + 1);
+        ASSERT_GE(buffer->topLine, 0);
+        ASSERT_GE(buffer->leftColumn, 0);
         if (step % 100 == 0) {
             ASSERT_TRUE(LogIsLinked(*buffer));
         }
