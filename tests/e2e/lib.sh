@@ -7,6 +7,7 @@
 #   e2e_driver COMMAND...        run ruvo_driver.exe; its output is in $E2E_OUT
 #   e2e_value KEY                the rest of the driver's line that starts with KEY
 #   e2e_shot NAME                screenshot into build/e2e-shots/NAME.png
+#   e2e_pixel NAME X Y           "r,g,b" of a pixel of that screenshot
 #   e2e_close_ruvo               close the frame with WM_CLOSE and wait for the exit
 #   e2e_expect WHAT ACTUAL EXPECTED, e2e_expect_file_has FILE LINE, e2e_fail MESSAGE
 #   $E2E_PROFILE                 the profile the program writes (C:\windows\ruvo.ini)
@@ -147,6 +148,13 @@ e2e_shot() {
     timeout 30 import -window root "$E2E_SHOTS/$1.png" ||
         e2e_fail "screenshot $1 could not be taken"
     e2e_log "screenshot $E2E_SHOTS/$1.png"
+}
+
+e2e_pixel() {
+    local expr="p{$2,$3}"
+    convert "$E2E_SHOTS/$1.png" \
+        -format "%[fx:int(255*$expr.r+0.5)],%[fx:int(255*$expr.g+0.5)],%[fx:int(255*$expr.b+0.5)]" \
+        info: || e2e_fail "cannot read pixel $2,$3 of $1.png"
 }
 
 # Waits for the started ruvo.exe to end by itself (after a close).

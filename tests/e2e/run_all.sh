@@ -9,7 +9,7 @@ SCENARIO_DIR=$E2E_ROOT/tests/e2e/scenarios
 SCENARIO_TIMEOUT=${E2E_SCENARIO_TIMEOUT:-300}
 LOG_DIR=$E2E_ROOT/build/e2e-logs
 
-for tool in wine wineserver wineboot Xvfb import timeout; do
+for tool in wine wineserver wineboot Xvfb import convert timeout; do
     command -v "$tool" >/dev/null || e2e_fail "$tool is not installed (scripts/test installs it)"
 done
 

@@ -12,6 +12,7 @@
 //   frame-state               "maximized", "minimized" or "normal"
 //   client-size               the frame's client area: "width height"
 //   child-rect CLASS          rectangle of the frame's child of CLASS, in client coordinates
+//   child-screen-rect CLASS   the same child's rectangle on the screen (for screenshots)
 //   children                  one line per MDI child: its title (also "children N" first)
 //   active                    title of the active MDI child ("active -" when none)
 //   command NAME|ROW          sends WM_COMMAND 10000 + the command's row and waits for it
@@ -195,6 +196,14 @@ size_t Run(const std::vector<std::string>& args, size_t at) {
         GetWindowRect(child, &r);
         MapWindowPoints(nullptr, frame, reinterpret_cast<POINT*>(&r), 2);
         PrintRect("child-rect", r);
+        return at + 2;
+    }
+    if (name == "child-screen-rect") {
+        HWND child = FindWindowExA(RequireFrame(), nullptr, argument(1).c_str(), nullptr);
+        if (child == nullptr) Fail("the frame has no child of class " + argument(1));
+        RECT r;
+        GetWindowRect(child, &r);
+        PrintRect("child-screen-rect", r);
         return at + 2;
     }
     if (name == "children") {

@@ -17,7 +17,21 @@ read -r _ client_top _ client_height <<<"$(e2e_value child-rect)"
 e2e_expect "MDI client ends at the status line" "$((client_top + client_height))" \
     "$((height - 22))"
 
+e2e_driver child-screen-rect StatusClass
+read -r sx sy sw sh <<<"$(e2e_value child-screen-rect)"
 e2e_shot frame_start_close
+# The status line is light grey with a black border and a white line under its top edge;
+# pane 0 starts near its left end as a sunken box (dark top edge, white bottom edge).
+e2e_expect "status line top border" "$(e2e_pixel frame_start_close $((sx + sw - 40)) "$sy")" "0,0,0"
+e2e_expect "status line highlight" "$(e2e_pixel frame_start_close $((sx + sw - 40)) $((sy + 1)))" \
+    "255,255,255"
+e2e_expect "status line area" "$(e2e_pixel frame_start_close $((sx + sw - 40)) $((sy + 11)))" \
+    "192,192,192"
+e2e_expect "pane 0 top edge" "$(e2e_pixel frame_start_close $((sx + 20)) $((sy + 2)))" "92,92,92"
+e2e_expect "pane 0 inside" "$(e2e_pixel frame_start_close $((sx + 20)) $((sy + 11)))" \
+    "192,192,192"
+e2e_expect "pane 0 bottom edge" "$(e2e_pixel frame_start_close $((sx + 20)) $((sy + sh - 3)))" \
+    "255,255,255"
 
 # Back to the normal placement (the stored one, else the default), then close: both keys
 # of [GUI] are written.
