@@ -1,7 +1,10 @@
 // Word bounds under the caret and the plain-text search in both directions.
 #include "engine/word_search.h"
 
+#include <algorithm>
+#include <random>
 #include <string>
+#include <vector>
 
 #include "buffer_builder.h"
 #include "editor_fixture.h"
@@ -71,6 +74,76 @@ TEST_F(WordSearchTest, BackwardSearchFindsTheNearestEarlierMatch) {
     EXPECT_EQ(SearchText(*buffer, "in", true, true, {MakePos(0, 4), MakePos(0, 1)}, found), 0);
     EXPECT_EQ(SearchText(*buffer, "AB", false, false, {MakePos(2, 0), MakePos(0, 0)}, found), 1);
     EXPECT_EQ(found, MakePos(2, 0));
+}
+
+// The nearest match in the direction of the search, by trying every position in the range.
+bool NaiveSearch(const std::vector<std::string>& lines, const std::string& pattern, bool wholeWord,
+                 TextRange range, TextPos& found) {
+    const bool forward = PosLess(range.start, range.end);
+    TextPos low = forward ? range.start : range.end;
+    // Going back from a later line, the search enters the end's line where the pattern could
+    // last start; when that lies before the range end, that one position is still tried.
+    if (!forward && range.start.line > range.end.line) {
+        const int32_t length = static_cast<int32_t>(lines[range.end.line].size());
+        const int32_t entry = std::max<int32_t>(0, length - static_cast<int32_t>(pattern.size()));
+        if (entry < low.column) low.column = entry;
+    }
+    const TextPos high = forward ? range.end : range.start;
+    bool any = false;
+    for (int32_t line = 0; line < static_cast<int32_t>(lines.size()); ++line) {
+        const std::string& text = lines[line];
+        for (int32_t column = 0; column <= static_cast<int32_t>(text.size()); ++column) {
+            const TextPos pos = MakePos(line, column);
+            if (PosLess(pos, low) || PosLess(high, pos)) continue;
+            if (text.compare(column, pattern.size(), pattern) != 0) continue;
+            if (wholeWord && column > 0 && IsWordChar(text[column - 1])) continue;
+            const size_t after = column + pattern.size();
+            if (wholeWord && after < text.size() && IsWordChar(text[after])) continue;
+            if (!any || !forward) found = pos; // forward keeps the first, backward the last
+            any = true;
+        }
+    }
+    return any;
+}
+
+TEST_F(WordSearchTest, RandomSearchesAgreeWithTryingEveryPosition) {
+    std::mt19937 random(5);
+    auto below = [&](int n) { return std::uniform_int_distribution<int>(0, n - 1)(random); };
+    for (int round = 0; round < 200; ++round) {
+        std::vector<std::string> lines(static_cast<size_t>(below(5) + 1));
+        std::string text;
+        for (std::string& line : lines) {
+            for (int i = below(12); i > 0; --i)
+                line += "ab_ "[below(4)];
+            if (&line != &lines.front()) text += '\n';
+            text += line;
+        }
+        TestBuffer buffer(text);
+        for (int query = 0; query < 20; ++query) {
+            std::string pattern;
+            for (int i = below(3) + 1; i > 0; --i)
+                pattern += "ab_"[below(3)];
+            const bool wholeWord = below(2) == 0;
+            auto anyPos = [&] {
+                const int line = below(static_cast<int>(lines.size()));
+                return MakePos(line, below(static_cast<int>(lines[line].size()) + 1));
+            };
+            const TextRange range{anyPos(), anyPos()};
+            TextPos expected{-1, -1};
+            TextPos found{-1, -1};
+            const bool naive = !PosEqual(range.start, range.end) &&
+                               NaiveSearch(lines, pattern, wholeWord, range, expected);
+            const std::string what =
+                "'" + pattern + "' in '" + text + "' from " + std::to_string(range.start.line) +
+                "," + std::to_string(range.start.column) + " to " + std::to_string(range.end.line) +
+                "," + std::to_string(range.end.column);
+            ASSERT_EQ(SearchText(*buffer, pattern, true, wholeWord, range, found), naive ? 1 : 0)
+                << what;
+            if (naive) {
+                ASSERT_EQ(found, expected) << what;
+            }
+        }
+    }
 }
 
 } // namespace
