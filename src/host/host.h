@@ -115,6 +115,11 @@ public:
     // The File menu's five recent-file labels changed; item i is enabled when its slot
     // (TheEditor().documents.recentFiles[i]) is not empty.
     virtual void RecentFilesChanged(const std::vector<std::string>&) {}
+
+    // --- Window menu ------------------------------------------------------------------------
+    // Arranges or cycles the edit windows (the Window menu's commands).
+    enum class WindowArrangement { Cascade, TileVertical, TileHorizontal, Next, Previous };
+    virtual void ArrangeEditWindows(WindowArrangement) {}
 };
 
 } // namespace ruvo

@@ -268,4 +268,27 @@ void WinHost::RecentFilesChanged(const std::vector<std::string>& labels) {
     }
 }
 
+// --- Window menu -----------------------------------------------------------------------------
+
+void WinHost::ArrangeEditWindows(WindowArrangement how) {
+    if (shell.mdiClient == nullptr) return;
+    switch (how) {
+    case WindowArrangement::Cascade:
+        SendMessageA(shell.mdiClient, WM_MDICASCADE, 0, 0);
+        break;
+    case WindowArrangement::TileVertical:
+        SendMessageA(shell.mdiClient, WM_MDITILE, MDITILE_VERTICAL, 0);
+        break;
+    case WindowArrangement::TileHorizontal:
+        SendMessageA(shell.mdiClient, WM_MDITILE, MDITILE_HORIZONTAL, 0);
+        break;
+    case WindowArrangement::Next:
+        SendMessageA(shell.mdiClient, WM_MDINEXT, 0, 0);
+        break;
+    case WindowArrangement::Previous:
+        SendMessageA(shell.mdiClient, WM_MDINEXT, 0, 1);
+        break;
+    }
+}
+
 } // namespace ruvo

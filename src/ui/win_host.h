@@ -60,6 +60,7 @@ class WinHost : public Host {
     void HideProgress() override;
     void SetProgressText(std::string_view text) override;
     void RecentFilesChanged(const std::vector<std::string>& labels) override;
+    void ArrangeEditWindows(WindowArrangement how) override;
 
   private:
     int busyDepth_ = 0;

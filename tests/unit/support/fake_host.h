@@ -46,6 +46,7 @@ public:
     std::vector<std::string> progressEvents;
     std::vector<std::string> profileWrites;  // "[section] key=value" in the order written
     std::vector<std::vector<std::string>> recentMenus; // every label set handed to the menu
+    std::vector<WindowArrangement> arrangements;       // every Window menu action, in order
 
     // --- What the tests script ---
     std::deque<int> answers;                      // next question answers; empty: AnswerYes
@@ -97,6 +98,7 @@ public:
     void HideProgress() override;
     void SetProgressText(std::string_view text) override;
     void RecentFilesChanged(const std::vector<std::string>& labels) override;
+    void ArrangeEditWindows(WindowArrangement how) override { arrangements.push_back(how); }
 
     std::map<EditBuffer*, std::string> windowTitles;
 
