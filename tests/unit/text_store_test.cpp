@@ -1,6 +1,7 @@
 // The text store: columns, stepping, range text, insertion and deletion with the line limit.
 #include "engine/text_store.h"
 
+#include <cstring>
 #include <string>
 
 #include "buffer_builder.h"
@@ -151,6 +152,16 @@ TEST_F(TextStoreTest, ColumnsExpandTabsToTheTabSize) {
     EXPECT_EQ(ColumnFromDisplay(*buffer, 0, 5), MakePos(0, 2));
     EXPECT_EQ(ColumnFromDisplay(*buffer, 5, 40), MakePos(1, 2));
     EXPECT_EQ(ColumnFromDisplay(*buffer, -3, 0), MakePos(0, 0));
+
+    // Every byte column survives the trip to the screen and back, whatever the tabs.
+    TestBuffer mixed("\t\ta\tbc\t\tdef\t \t  g\t");
+    for (int size : {1, 3, 4, 8}) {
+        editor.settings.options.tabSize = size;
+        const char* line = mixed->lines.lineText[0];
+        for (int column = 0; column <= static_cast<int>(std::strlen(line)); ++column)
+            EXPECT_EQ(ColumnFromDisplay(*mixed, 0, DisplayColumn(line, column)), MakePos(0, column))
+                << "tab size " << size;
+    }
 
     editor.settings.options.tabSize = 8;
     EXPECT_EQ(DisplayColumn(buffer->lines.lineText[0], 4), 16);
