@@ -242,7 +242,10 @@ void RecordEdit(EditBuffer& buffer, TextPos start, TextPos end, std::string_view
     start = ClampPos(buffer, start.line, start.column);
     end = ClampPos(buffer, end.line, end.column);
     const std::string oldText = RangeText(buffer, start, end);
-    if (buffer.lines.readOnly && (!oldText.empty() || !newText.empty())) return;
+    if (buffer.lines.readOnly && (!oldText.empty() || !newText.empty())) {
+        UpdateUndoRedoCommands(buffer); // undone steps may have been re-recorded
+        return;
+    }
 
     const int32_t topLine = ResolveTopLine(buffer, scroll.topLine, newCursor.line);
     const int32_t leftColumn = ResolveLeftColumn(buffer, scroll.leftColumn, newCursor);
@@ -260,6 +263,7 @@ void RecordEdit(EditBuffer& buffer, TextPos start, TextPos end, std::string_view
         const size_t firstLineFeed = inserted.find('\n');
         if (firstLineFeed + static_cast<size_t>(start.column) > MaxLineLength) {
             LogMessage(LineTooLong);
+            UpdateUndoRedoCommands(buffer);
             return;
         }
         stored = StoredText(inserted);

@@ -182,6 +182,14 @@ TEST_F(TransactionLogTest, ReadOnlyBuffersIgnoreTextChangesButNotCaretMoves) {
     EXPECT_EQ(buffer->cursor, MakePos(1, 2));
     EXPECT_EQ(buffer.LoggedTransactions(), 1);
     EXPECT_EQ(buffer->lines.modified, 0);
+
+    // An undone move is re-recorded before the refused edit, so redo is no longer offered.
+    EXPECT_EQ(UndoTransaction(), 0);
+    EXPECT_TRUE(Enabled("EditRedo"));
+    Type(buffer, 'y');
+    EXPECT_EQ(buffer.LoggedTransactions(), 2);
+    EXPECT_FALSE(Enabled("EditRedo"));
+    EXPECT_EQ(buffer.Text(), "fixed\ntext");
 }
 
 TEST_F(TransactionLogTest, IdenticalReplacementsAndPastesAreRecordedAndReversible) {
