@@ -7,6 +7,10 @@
 //   wait-frame SECONDS        wait until the frame window exists and is visible
 //   wait-gone SECONDS         wait until no frame window exists
 //   wait-window TITLE SECONDS wait for a top-level window with this exact title
+//   dialog-text TITLE         the static texts of the visible window TITLE (a message box):
+//                             "dialog-text <text>" with line feeds written as "\n"
+//   answer TITLE BUTTON       presses yes, no, ok or cancel in window TITLE and waits until
+//                             that window is gone
 //   title                     the frame's title
 //   frame-rect                the frame's window rectangle: "x y width height"
 //   frame-state               "maximized", "minimized" or "normal"
@@ -112,6 +116,32 @@ BOOL CALLBACK MatchTitle(HWND window, LPARAM parameter) {
     return TRUE;
 }
 
+HWND FindTitled(const std::string& title) {
+    TitleSearch search{title.c_str(), nullptr};
+    EnumWindows(MatchTitle, reinterpret_cast<LPARAM>(&search));
+    if (search.found == nullptr) Fail("no visible window titled '" + title + "'");
+    return search.found;
+}
+
+std::string Escaped(const std::string& text) {
+    std::string escaped;
+    for (char c : text) {
+        if (c == '\r') continue;
+        escaped += c == '\n' ? std::string("\\n") : std::string(1, c);
+    }
+    return escaped;
+}
+
+BOOL CALLBACK PrintStaticText(HWND child, LPARAM) {
+    char className[32] = {};
+    GetClassNameA(child, className, sizeof className);
+    const std::string text = TitleOf(child);
+    if (lstrcmpiA(className, "Static") == 0 && !text.empty()) {
+        std::printf("dialog-text %s\n", Escaped(text).c_str());
+    }
+    return TRUE;
+}
+
 void PrintClipboard() {
     if (!OpenClipboard(nullptr)) Fail("cannot open the clipboard");
     std::string text;
@@ -122,12 +152,7 @@ void PrintClipboard() {
         }
     }
     CloseClipboard();
-    std::string escaped;
-    for (char c : text) {
-        if (c == '\r') continue;
-        escaped += c == '\n' ? std::string("\\n") : std::string(1, c);
-    }
-    std::printf("clipboard %s\n", escaped.c_str());
+    std::printf("clipboard %s\n", Escaped(text).c_str());
 }
 
 // Runs the command at args[at]; returns the index after its arguments.
@@ -163,6 +188,34 @@ size_t Run(const std::vector<std::string>& args, size_t at) {
         });
         if (!found) Fail("no window titled '" + argument(1) + "'");
         std::printf("wait-window ok\n");
+        return at + 3;
+    }
+    if (name == "dialog-text") {
+        EnumChildWindows(FindTitled(argument(1)), PrintStaticText, 0);
+        return at + 2;
+    }
+    if (name == "answer") {
+        HWND dialog = FindTitled(argument(1));
+        const std::string& button = argument(2);
+        int id = 0;
+        if (button == "yes")
+            id = IDYES;
+        else if (button == "no")
+            id = IDNO;
+        else if (button == "ok")
+            id = IDOK;
+        else if (button == "cancel")
+            id = IDCANCEL;
+        else
+            Fail("answer takes yes, no, ok or cancel, not '" + button + "'");
+        HWND control = GetDlgItem(dialog, id);
+        if (control == nullptr) Fail("'" + argument(1) + "' has no " + button + " button");
+        PostMessageA(dialog, WM_COMMAND, MAKEWPARAM(id, BN_CLICKED),
+                     reinterpret_cast<LPARAM>(control));
+        if (!WaitFor(10, [dialog] { return !IsWindow(dialog); })) {
+            Fail("'" + argument(1) + "' is still open after pressing " + button);
+        }
+        std::printf("answer ok\n");
         return at + 3;
     }
     if (name == "title") {
