@@ -96,9 +96,13 @@ int32_t ClampTopLine(const EditBuffer& buffer, int32_t value) {
 
 int DisplayColumn(const char* lineText, int column) {
     if (lineText == nullptr || column <= 0) return 0;
+    // Up to the first tab every byte is one column; this runs on every keystroke.
+    const size_t plain = strnlen(lineText, static_cast<size_t>(column));
+    const void* tab = std::memchr(lineText, '\t', plain);
+    if (tab == nullptr) return column; // past the end: one each as well
     const int tabSize = TabSize();
-    int screen = 0;
-    for (int i = 0; i < column; ++i) {
+    int screen = static_cast<int>(static_cast<const char*>(tab) - lineText);
+    for (int i = screen; i < column; ++i) {
         if (lineText[i] == '\0') return screen + (column - i); // past the end: one each
         screen += lineText[i] == '\t' ? tabSize - screen % tabSize : 1;
     }
