@@ -204,6 +204,22 @@ void BM_InsertDeleteLineNearTop(benchmark::State& state) {
 }
 BENCHMARK(BM_InsertDeleteLineNearTop)->Arg(10)->Arg(1000000);
 
+// Deleting the whole text of a huge buffer as one transaction, then undoing it.
+void BM_DeleteAllAndUndo(benchmark::State& state) {
+    BenchBuffer bench(static_cast<int>(state.range(0)));
+    const int32_t lineCount = bench.buffer.lines.lineCount;
+    const TextPos end = ClampPos(bench.buffer, lineCount - 1, MaxLineLength);
+    for (auto _ : state) {
+        RecordEdit(bench.buffer, {}, end, "", {}, Show, {}, {});
+        if (UndoTransaction() != 0 || bench.buffer.lines.lineCount != lineCount)
+            state.SkipWithError("undo did not restore the text");
+        state.PauseTiming();
+        ResetTransactionLog(bench.buffer);
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(BM_DeleteAllAndUndo)->Arg(1000000)->Iterations(3)->Unit(benchmark::kMillisecond);
+
 } // namespace
 } // namespace ruvo
 
