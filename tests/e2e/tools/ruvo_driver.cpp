@@ -4,7 +4,8 @@
 // Commands run in order; each prints one or more lines "<command> <result>". The first
 // failure prints "error: <what>" and ends the driver with exit code 1.
 //
-//   wait-frame SECONDS        wait until the frame window exists and is visible
+//   wait-frame SECONDS        wait until the frame window is visible and the editor waits
+//                             for input (its start-up is over)
 //   wait-gone SECONDS         wait until no frame window exists
 //   wait-window TITLE SECONDS wait for a top-level window with this exact title
 //   dialog-text TITLE         the static texts of the visible window TITLE (a message box):
@@ -102,6 +103,23 @@ std::vector<HWND> MdiChildren() {
     return children;
 }
 
+// The frame shows before its first layout; the editor is ready once it waits for input.
+void WaitUntilIdle(HWND frame, int seconds) {
+    DWORD processId = 0;
+    GetWindowThreadProcessId(frame, &processId);
+    HANDLE process = OpenProcess(SYNCHRONIZE | PROCESS_QUERY_INFORMATION, FALSE, processId);
+    if (process == nullptr) Fail("cannot open the editor's process");
+    const DWORD waited = WaitForInputIdle(process, static_cast<DWORD>(seconds) * 1000);
+    CloseHandle(process);
+    if (waited == WAIT_TIMEOUT)
+        Fail("the editor is still busy after " + std::to_string(seconds) + " s");
+    DWORD_PTR result = 0;
+    if (SendMessageTimeoutA(frame, WM_NULL, 0, 0, SMTO_NORMAL, static_cast<UINT>(seconds) * 1000,
+                            &result) == 0) {
+        Fail("the frame does not answer messages");
+    }
+}
+
 struct TitleSearch {
     const char* title;
     HWND found;
@@ -168,6 +186,7 @@ size_t Run(const std::vector<std::string>& args, size_t at) {
         if (!WaitFor(seconds, [] { return Frame() != nullptr && IsWindowVisible(Frame()); })) {
             Fail("no visible frame window after " + std::to_string(seconds) + " s");
         }
+        WaitUntilIdle(Frame(), seconds);
         std::printf("wait-frame ok\n");
         return at + 2;
     }
