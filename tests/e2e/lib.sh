@@ -6,6 +6,8 @@
 #   e2e_start_ruvo [ARGS...]     start ruvo.exe in the background (C:\ruvo\ruvo.exe)
 #   e2e_driver COMMAND...        run ruvo_driver.exe; its output is in $E2E_OUT
 #   e2e_value KEY                the rest of the driver's line that starts with KEY
+#   e2e_type TEXT, e2e_key KEY.. real key presses into the focused window (xdotool names:
+#                                Return, ctrl+c, shift+Down, alt+F4); e2e_click X Y
 #   e2e_shot NAME                screenshot into build/e2e-shots/NAME.png
 #   e2e_pixel NAME X Y           "r,g,b" of a pixel of that screenshot
 #   e2e_close_ruvo               close the frame with WM_CLOSE and wait for the exit
@@ -141,6 +143,22 @@ e2e_value() {
     local line
     line=$(grep -m 1 "^$1 " <<<"$E2E_OUT") || e2e_fail "the driver printed no '$1' line"
     printf '%s\n' "${line#"$1 "}"
+}
+
+# Real input for what the editor reads from the keyboard state; give it time to arrive.
+e2e_type() {
+    timeout 60 xdotool type --delay 40 -- "$1" || e2e_fail "xdotool could not type '$1'"
+    sleep 0.3
+}
+
+e2e_key() {
+    timeout 60 xdotool key --delay 60 "$@" || e2e_fail "xdotool could not press $*"
+    sleep 0.3
+}
+
+e2e_click() {
+    timeout 30 xdotool mousemove "$1" "$2" click 1 || e2e_fail "xdotool could not click $1,$2"
+    sleep 0.3
 }
 
 e2e_shot() {

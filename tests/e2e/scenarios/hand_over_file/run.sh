@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # A file handed over by a second start opens in the running frame; handing the same file
-# over again brings its window forward instead of opening a second one.
+# over again brings its window forward instead of opening a second one. Alt+F4 closes all.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/../../lib.sh"
 
@@ -21,4 +21,8 @@ e2e_driver hand-over 'C:\work\a.vhd' children active
 e2e_expect "edit windows after handing a.vhd over again" "$(e2e_value children)" "2"
 e2e_expect "active window" "$(e2e_value active)" 'C:\work\a.vhd'
 e2e_shot hand_over_file
-e2e_close_ruvo
+
+# A user's Alt+F4 closes the frame with its edit windows.
+e2e_key alt+F4
+e2e_driver wait-gone "$E2E_TIMEOUT"
+e2e_wait_ruvo_exit
