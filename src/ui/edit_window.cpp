@@ -80,10 +80,8 @@ LRESULT CALLBACK EditWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
         break;
     case WM_DESTROY:
         if (EditBuffer* buffer = BufferOfWindow(window)) {
+            // closeBuffer also hands the current buffer on to another open one.
             SetBuffer(window, nullptr);
-            if (TheEditor().engine.currentBuffer == buffer) {
-                TheEditor().engine.currentBuffer = nullptr;
-            }
             buffer->hwnd = nullptr;
             closeBuffer(*buffer);
         }

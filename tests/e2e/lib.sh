@@ -12,6 +12,7 @@
 #   e2e_pixel NAME X Y           "r,g,b" of a pixel of that screenshot
 #   e2e_close_ruvo               close the frame with WM_CLOSE and wait for the exit
 #   e2e_expect WHAT ACTUAL EXPECTED, e2e_expect_file_has FILE LINE, e2e_fail MESSAGE
+#   e2e_ini_value FILE SECTION KEY, e2e_ini_set FILE SECTION KEY VALUE
 #   $E2E_PROFILE                 the profile the program writes (C:\windows\ruvo.ini)
 #   $E2E_APP_DIR                 C:\ruvo as a Linux path (config files are copied there)
 # The profile is reset before each scenario: the shipped config/ruvo.ini when there is one.
@@ -213,4 +214,22 @@ e2e_ini_value() {
         /^\[/ { inside = (tolower($0) == tolower(section)); next }
         inside && index($0, "=") { k = substr($0, 1, index($0, "=") - 1)
                                    if (tolower(k) == tolower(key)) { print substr($0, index($0, "=") + 1); exit } }'
+}
+
+# Sets KEY in [SECTION] of an INI file: replaces the value, or adds the key (and the section).
+e2e_ini_set() {
+    local file=$1 section=$2 key=$3 value=$4 updated
+    updated=$(mktemp)
+    [[ -f $file ]] || : >"$file"
+    tr -d '\r' <"$file" | awk -v section="[$section]" -v key="$key" -v value="$value" '
+        function add() { print key "=" value; done = 1 }
+        /^\[/ { if (inside && !done) add()
+                inside = (tolower($0) == tolower(section)); if (inside) seen = 1
+                print; next }
+        inside && !done && index($0, "=") &&
+            tolower(substr($0, 1, index($0, "=") - 1)) == tolower(key) { add(); next }
+        { print }
+        END { if (inside && !done) add()
+              else if (!seen) { print section; add() } }' >"$updated"
+    mv "$updated" "$file"
 }

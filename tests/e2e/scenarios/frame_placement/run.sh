@@ -5,13 +5,8 @@ set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/../../lib.sh"
 
 set_placement() {
-    local profile=$E2E_PROFILE
-    if [[ -f $profile ]] && grep -q '^\[GUI\]' "$profile"; then
-        sed -i '/^MainWindow=/d; /^FullSize=/d' "$profile"
-        sed -i "s/^\[GUI\]\r\?$/[GUI]\nMainWindow=$1\nFullSize=$2/" "$profile"
-    else
-        printf '[GUI]\nMainWindow=%s\nFullSize=%s\n' "$1" "$2" >>"$profile"
-    fi
+    e2e_ini_set "$E2E_PROFILE" GUI MainWindow "$1"
+    e2e_ini_set "$E2E_PROFILE" GUI FullSize "$2"
 }
 
 # Written without blanks: read the same as with them.
