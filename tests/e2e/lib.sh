@@ -59,7 +59,7 @@ e2e_start_xvfb() {
 e2e_make_prefix() {
     export WINEPREFIX="$E2E_WORK/prefix" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
     e2e_log "creating the Wine prefix $WINEPREFIX"
-    timeout 300 wineboot -i >"$E2E_WORK/wineboot.log" 2>&1 ||
+    timeout 300 wineboot -i </dev/null >"$E2E_WORK/wineboot.log" 2>&1 ||
         e2e_fail "wineboot did not finish within 300 s (see $E2E_WORK/wineboot.log)"
     timeout 120 wineserver -w || true
     # One virtual desktop for every program of the prefix, so windows get frames and the
@@ -119,7 +119,7 @@ E2E_RUVO_PID=
 
 e2e_start_ruvo() {
     (cd "$E2E_APP_DIR" && exec wine "$E2E_APP_DIR/ruvo.exe" "$@") \
-        >>"${E2E_SCENARIO_LOG:-/dev/null}" 2>&1 &
+        </dev/null >>"${E2E_SCENARIO_LOG:-/dev/null}" 2>&1 &
     E2E_RUVO_PID=$!
     e2e_log "started ruvo.exe $* (pid $E2E_RUVO_PID)"
 }
@@ -129,7 +129,7 @@ E2E_OUT=
 e2e_driver() {
     local status=0
     E2E_OUT=$(cd "$E2E_APP_DIR" &&
-        timeout "$E2E_DRIVER_TIMEOUT" wine "$E2E_APP_DIR/ruvo_driver.exe" "$@" 2>/dev/null |
+        timeout "$E2E_DRIVER_TIMEOUT" wine "$E2E_APP_DIR/ruvo_driver.exe" "$@" </dev/null 2>/dev/null |
         tr -d '\r') || status=$?
     printf '%s\n' "$E2E_OUT" | sed 's/^/[driver] /' >&2
     if ((status != 0)) || grep -q '^error: ' <<<"$E2E_OUT"; then
