@@ -18,6 +18,8 @@
 //   client-size               the frame's client area: "width height"
 //   child-rect CLASS          rectangle of the frame's child of CLASS, in client coordinates
 //   child-screen-rect CLASS   the same child's rectangle on the screen (for screenshots)
+//   class-info WINDOW         "<class name> <style in hex> <window bytes>" of the frame, or of
+//                             its child of that class, or of the active MDI child ("active")
 //   children                  one line per MDI child: its title (also "children N" first)
 //   active                    title of the active MDI child ("active -" when none)
 //   command NAME|ROW          sends WM_COMMAND 10000 + the command's row and waits for it
@@ -276,6 +278,22 @@ size_t Run(const std::vector<std::string>& args, size_t at) {
         RECT r;
         GetWindowRect(child, &r);
         PrintRect("child-screen-rect", r);
+        return at + 2;
+    }
+    if (name == "class-info") {
+        HWND window = RequireFrame();
+        if (argument(1) == "active") {
+            window = reinterpret_cast<HWND>(SendMessageA(MdiClient(), WM_MDIGETACTIVE, 0, 0));
+            if (window == nullptr) Fail("no active edit window");
+        } else if (argument(1) != "frame") {
+            window = FindWindowExA(window, nullptr, argument(1).c_str(), nullptr);
+            if (window == nullptr) Fail("the frame has no child of class " + argument(1));
+        }
+        char className[64] = {};
+        GetClassNameA(window, className, sizeof className);
+        std::printf("class-info %s %#lx %ld\n", className,
+                    static_cast<unsigned long>(GetClassLongPtrA(window, GCL_STYLE)),
+                    static_cast<long>(GetClassLongPtrA(window, GCL_CBWNDEXTRA)));
         return at + 2;
     }
     if (name == "children") {
