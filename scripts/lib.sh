@@ -53,7 +53,7 @@ ruvo_install_packages() {
 # does not stop the others, so the tests that do build still run.
 ruvo_build_native() {
     ruvo_log "native build in $RUVO_BUILD/native"
-    cmake -S "$RUVO_ROOT" -B "$RUVO_BUILD/native" -DCMAKE_BUILD_TYPE=Debug \
+    cmake -S "$RUVO_ROOT" -B "$RUVO_BUILD/native" -G "Unix Makefiles" -DCMAKE_BUILD_TYPE=Debug \
         -DRUVO_SANITIZE=ON -DRUVO_BENCHMARKS=ON >/dev/null &&
         cmake --build "$RUVO_BUILD/native" -j "$RUVO_JOBS" -- -k
 }
