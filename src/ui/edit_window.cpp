@@ -67,6 +67,7 @@ LRESULT CALLBACK EditWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
         EditBuffer*& current = TheEditor().engine.currentBuffer;
         if (reinterpret_cast<HWND>(lParam) == window) {
             current = buffer;
+            if (buffer != nullptr) TheEditor().host.UpdateCaretAndStatus(*buffer);
         } else if (current == buffer) {
             current = nullptr;
         }

@@ -231,6 +231,7 @@ void WinHost::RedrawWindow(EditBuffer& buffer) {
 }
 
 void WinHost::UpdateCaretAndStatus(EditBuffer& buffer) {
+    if (&buffer != TheEditor().engine.currentBuffer) return; // the status shows the current one
     const LineList& lines = buffer.lines;
     const int line = buffer.cursor.line;
     const char* text = line >= 0 && line < lines.lineCount ? lines.lineText[line] : "";
