@@ -16,6 +16,8 @@
 #   $E2E_PROFILE                 the profile the program writes (C:\windows\ruvo.ini)
 #   $E2E_APP_DIR                 C:\ruvo as a Linux path (config files are copied there)
 # The profile is reset before each scenario: the shipped config/ruvo.ini when there is one.
+# A folder with in.<ext>, steps and out.<ext> instead of run.sh is a golden case
+# (golden_case.sh).
 
 E2E_ROOT=${E2E_ROOT:-$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)}
 E2E_BUILD=${E2E_BUILD:-$E2E_ROOT/build/mingw}

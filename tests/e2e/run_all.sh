@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs the e2e scenarios (all, or those named) against build/mingw/ruvo.exe under Wine on a
+# Runs the e2e scenarios (all, or those named: folders of tests/e2e/scenarios) against build/mingw/ruvo.exe under Wine on a
 # private Xvfb display and a private Wine prefix; everything started here is ended here.
 set -euo pipefail
 
@@ -19,8 +19,17 @@ else
     scenarios=()
     for dir in "$SCENARIO_DIR"/*/; do scenarios+=("$(basename "$dir")"); done
 fi
+# A scenario is a script run.sh, or a golden case (in.<ext>, steps, out.<ext>).
+scenario_command() {
+    if [[ -f $SCENARIO_DIR/$1/run.sh ]]; then
+        echo "$SCENARIO_DIR/$1/run.sh"
+    elif [[ -f $SCENARIO_DIR/$1/steps ]]; then
+        echo "$E2E_ROOT/tests/e2e/golden_case.sh $SCENARIO_DIR/$1"
+    fi
+}
 for name in "${scenarios[@]}"; do
-    [[ -f $SCENARIO_DIR/$name/run.sh ]] || e2e_fail "no scenario $SCENARIO_DIR/$name/run.sh"
+    [[ -n $(scenario_command "$name") ]] ||
+        e2e_fail "$SCENARIO_DIR/$name has neither run.sh nor steps"
 done
 
 E2E_WORK=$(mktemp -d "${TMPDIR:-/tmp}/ruvo-e2e.XXXXXX")
@@ -41,8 +50,9 @@ for name in "${scenarios[@]}"; do
     : >"$log"
     started=$SECONDS
     status=0
-    E2E_SCENARIO_LOG=$log timeout "$SCENARIO_TIMEOUT" bash "$SCENARIO_DIR/$name/run.sh" \
-        >>"$log" 2>&1 || status=$?
+    read -r -a command <<<"$(scenario_command "$name")"
+    E2E_SCENARIO_LOG=$log timeout "$SCENARIO_TIMEOUT" bash "${command[@]}" >>"$log" 2>&1 ||
+        status=$?
     elapsed=$((SECONDS - started))
     if ((status == 0)); then
         passed=$((passed + 1))

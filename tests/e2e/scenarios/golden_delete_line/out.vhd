@@ -1,0 +1,3 @@
+library ieee;
+entity top is
+end entity top;
