@@ -18,22 +18,43 @@ void SetBuffer(HWND window, EditBuffer* buffer) {
     SetWindowLongPtrA(window, 0, reinterpret_cast<LONG_PTR>(buffer));
 }
 
-// Lines in the fixed system font, black on white; the coloured display replaces this.
-void PaintPlainText(HWND window, EditBuffer& buffer) {
-    PAINTSTRUCT paint;
-    HDC dc = BeginPaint(window, &paint);
-    HGDIOBJ oldFont = SelectObject(dc, GetStockObject(SYSTEM_FIXED_FONT));
+struct CellSize {
+    int width = 1;
+    int height = 1;
+};
+
+CellSize FontCell(HDC dc) {
     TEXTMETRICA metrics;
     GetTextMetricsA(dc, &metrics);
-    const int lineHeight = std::max<int>(1, metrics.tmHeight);
-    const int charWidth = std::max<int>(1, metrics.tmAveCharWidth);
+    return {std::max<int>(1, metrics.tmAveCharWidth), std::max<int>(1, metrics.tmHeight)};
+}
+
+// Plain text is drawn in the fixed system font; the coloured display brings the editor font.
+void Measure(HWND window, HDC dc, EditBuffer& buffer) {
+    HGDIOBJ oldFont = SelectObject(dc, GetStockObject(SYSTEM_FIXED_FONT));
+    const CellSize cell = FontCell(dc);
+    SelectObject(dc, oldFont);
     RECT client;
     GetClientRect(window, &client);
     buffer.clientWidth = static_cast<int16_t>(client.right);
-    buffer.windowColumns = static_cast<int16_t>(client.right / charWidth);
-    buffer.visibleLines = static_cast<int16_t>(client.bottom / lineHeight);
+    buffer.windowColumns = static_cast<int16_t>(client.right / cell.width);
+    buffer.marginWidth = static_cast<int16_t>(buffer.marginColumns * cell.width);
+    buffer.visibleLines = static_cast<int16_t>(client.bottom / cell.height);
     buffer.visibleColumns = static_cast<int16_t>(buffer.windowColumns - buffer.marginColumns);
+}
 
+void MeasureNow(HWND window, EditBuffer& buffer) {
+    HDC dc = GetDC(window);
+    Measure(window, dc, buffer);
+    ReleaseDC(window, dc);
+}
+
+void PaintPlainText(HWND window, EditBuffer& buffer) {
+    PAINTSTRUCT paint;
+    HDC dc = BeginPaint(window, &paint);
+    Measure(window, dc, buffer);
+    HGDIOBJ oldFont = SelectObject(dc, GetStockObject(SYSTEM_FIXED_FONT));
+    const CellSize cell = FontCell(dc);
     SetTextColor(dc, RGB(0, 0, 0));
     SetBkColor(dc, RGB(255, 255, 255));
     const LineList& lines = buffer.lines;
@@ -43,7 +64,8 @@ void PaintPlainText(HWND window, EditBuffer& buffer) {
         const char* text = lines.lineText[line];
         const int length = static_cast<int>(std::strlen(text));
         if (buffer.leftColumn < length) {
-            TextOutA(dc, 0, row * lineHeight, text + buffer.leftColumn, length - buffer.leftColumn);
+            TextOutA(dc, buffer.marginWidth, row * cell.height, text + buffer.leftColumn,
+                     length - buffer.leftColumn);
         }
     }
     SelectObject(dc, oldFont);
@@ -59,9 +81,16 @@ LRESULT CALLBACK EditWindowProc(HWND window, UINT message, WPARAM wParam, LPARAM
         const auto* mdiCreate = static_cast<const MDICREATESTRUCTA*>(create->lpCreateParams);
         auto* buffer = reinterpret_cast<EditBuffer*>(mdiCreate->lParam);
         SetBuffer(window, buffer);
-        if (buffer != nullptr) buffer->hwnd = window;
+        if (buffer != nullptr) {
+            buffer->hwnd = window;
+            MeasureNow(window, *buffer);
+        }
         break;
     }
+    case WM_SIZE:
+        // Page moves and scrolling use the visible rows and columns before the first paint.
+        if (EditBuffer* buffer = BufferOfWindow(window)) MeasureNow(window, *buffer);
+        break;
     case WM_MDIACTIVATE: {
         EditBuffer* buffer = BufferOfWindow(window);
         EditBuffer*& current = TheEditor().engine.currentBuffer;
