@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "engine/display_state.h"
+
 namespace ruvo {
 
 struct EditBuffer;
@@ -21,6 +23,8 @@ constexpr int BookmarkCount = 10;
 struct EngineState {
     EditBuffer* currentBuffer = nullptr;
     Bookmark bookmarks[BookmarkCount];
+    bool overwriteMode = false; // typing replaces the character under the caret; all windows
+    DisplayState display;
 };
 
 } // namespace ruvo
