@@ -50,11 +50,6 @@ HWND CreateChild(HWND frame, const char* className, DWORD style, int id, const R
                            parameter);
 }
 
-// The button bar's thickness across its edge; it has none until buttons are defined.
-int ButtonBarThickness() {
-    return 0;
-}
-
 void LayOutChildren() {
     const ShellState& shell = Shell();
     const int width = shell.clientWidth;
@@ -63,8 +58,12 @@ void LayOutChildren() {
     if (shell.statusWindow != nullptr) {
         MoveWindow(shell.statusWindow, 0, height - StatusLineHeight, width, StatusLineHeight, TRUE);
     }
-    const int bar = ButtonBarThickness();
-    if (TheEditor().settings.options.buttonsLeft) {
+    const bool left = TheEditor().settings.options.buttonsLeft;
+    // The bar's width follows from the height it may fill, or its height from the width.
+    const int bar = shell.buttonBarThickness != nullptr
+                        ? shell.buttonBarThickness(left ? above : width, left)
+                        : 0;
+    if (left) {
         if (shell.buttonBar != nullptr) MoveWindow(shell.buttonBar, 0, 0, bar, above, TRUE);
         if (shell.mdiClient != nullptr) {
             MoveWindow(shell.mdiClient, bar, 0, width - bar, above, TRUE);

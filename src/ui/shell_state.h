@@ -32,6 +32,9 @@ struct ShellState {
     HWND buttonBar = nullptr;
     int clientWidth = 0;
     int clientHeight = 0;
+    // Installed by the button bar once it has buttons: its thickness across the edge it sits
+    // on (left or top) for the given length along that edge. Without it the bar takes no room.
+    int (*buttonBarThickness)(int length, bool left) = nullptr;
 };
 
 } // namespace ruvo
