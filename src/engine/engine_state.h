@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "engine/display_state.h"
+#include "engine/input_state.h"
 
 namespace ruvo {
 
@@ -25,6 +26,7 @@ struct EngineState {
     Bookmark bookmarks[BookmarkCount];
     bool overwriteMode = false; // typing replaces the character under the caret; all windows
     DisplayState display;
+    InputState input;
 };
 
 } // namespace ruvo

@@ -120,6 +120,24 @@ public:
     // Arranges or cycles the edit windows (the Window menu's commands).
     enum class WindowArrangement { Cascade, TileVertical, TileHorizontal, Next, Previous };
     virtual void ArrangeEditWindows(WindowArrangement) {}
+
+    // --- Edit window input ------------------------------------------------------------------
+    // Range of the vertical or horizontal scroll bar of the buffer's window (a maximum below
+    // the minimum leaves nothing to scroll).
+    virtual void SetScrollBarRange(EditBuffer&, bool /*vertical*/, int /*min*/, int /*max*/) {}
+    // Position of the scroll box.
+    virtual void SetScrollBarPos(EditBuffer&, bool /*vertical*/, int /*pos*/) {}
+    // The text moved up by `lines` rows (down when negative): the window's pixels are moved
+    // and only the uncovered rows are painted, at once.
+    virtual void ScrollWindowLines(EditBuffer&, int /*lines*/) {}
+    // The caret goes to the cursor's place in the window even when line and column are the
+    // same as before (the view moved under it).
+    virtual void MoveCaret(EditBuffer&) {}
+    // The caret is made again in the shape of the insert or overwrite mode.
+    virtual void RecreateCaret(EditBuffer&) {}
+    // Moves the mouse pointer by one pixel, down or up; the system then sends another mouse
+    // move, which keeps a drag outside the window scrolling without a timer.
+    virtual void NudgePointer(bool /*down*/) {}
 };
 
 } // namespace ruvo

@@ -162,4 +162,13 @@ void FakeHost::RecentFilesChanged(const std::vector<std::string>& labels) {
     recentMenus.push_back(labels);
 }
 
+void FakeHost::SetScrollBarRange(EditBuffer&, bool vertical, int min, int max) {
+    scrollBarCalls.push_back(std::string(vertical ? "V" : "H") + " range " + std::to_string(min) +
+                             " " + std::to_string(max));
+}
+
+void FakeHost::SetScrollBarPos(EditBuffer&, bool vertical, int pos) {
+    scrollBarCalls.push_back(std::string(vertical ? "V" : "H") + " pos " + std::to_string(pos));
+}
+
 } // namespace ruvo

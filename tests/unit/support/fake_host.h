@@ -47,6 +47,11 @@ public:
     std::vector<std::string> profileWrites;  // "[section] key=value" in the order written
     std::vector<std::vector<std::string>> recentMenus; // every label set handed to the menu
     std::vector<WindowArrangement> arrangements;       // every Window menu action, in order
+    std::vector<std::string> scrollBarCalls; // "V range 0 90", "H pos 4", ... in call order
+    std::vector<int> scrolledWindowLines;    // every ScrollWindowLines amount
+    int caretMoves = 0;
+    int caretRecreations = 0;
+    std::vector<bool> pointerNudges;         // true for a nudge down
 
     // --- What the tests script ---
     std::deque<int> answers;                      // next question answers; empty: AnswerYes
@@ -99,6 +104,12 @@ public:
     void SetProgressText(std::string_view text) override;
     void RecentFilesChanged(const std::vector<std::string>& labels) override;
     void ArrangeEditWindows(WindowArrangement how) override { arrangements.push_back(how); }
+    void SetScrollBarRange(EditBuffer& buffer, bool vertical, int min, int max) override;
+    void SetScrollBarPos(EditBuffer& buffer, bool vertical, int pos) override;
+    void ScrollWindowLines(EditBuffer&, int lines) override { scrolledWindowLines.push_back(lines); }
+    void MoveCaret(EditBuffer&) override { ++caretMoves; }
+    void RecreateCaret(EditBuffer&) override { ++caretRecreations; }
+    void NudgePointer(bool down) override { pointerNudges.push_back(down); }
 
     std::map<EditBuffer*, std::string> windowTitles;
 
