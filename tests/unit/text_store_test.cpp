@@ -18,33 +18,25 @@ std::string Line(const TestBuffer& buffer, int line) {
     return const_cast<TestBuffer&>(buffer)->lines.lineText[line];
 }
 
-TEST_F(TextStoreTest, InsertingALineFeedSplitsTheLine) {
-    TestBuffer buffer("xyz");
-    ASSERT_EQ(InsertText(*buffer, "a\nb", 0, 2), 1);
-    EXPECT_EQ(buffer.Text(), "xya\nbz");
-    EXPECT_EQ(EndOfInsertion(MakePos(0, 2), "a\nb"), MakePos(1, 1));
-    EXPECT_EQ(buffer->lines.modified, 1);
-
-    TestBuffer crlf("xyz");
-    ASSERT_EQ(InsertText(*crlf, "a\r\nb", 0, 2), 1);
-    EXPECT_EQ(crlf.Text(), "xya\nbz");
-
-    TestBuffer loneCr("xyz");
-    ASSERT_EQ(InsertText(*loneCr, "a\rb", 0, 2), 1);
-    EXPECT_EQ(loneCr.Text(), "xya\rbz");
-    EXPECT_EQ(loneCr->lines.lineCount, 1);
-}
-
-TEST_F(TextStoreTest, InsertingManyLinesKeepsTheLinesAround) {
-    TestBuffer buffer("first\nab\nlast");
-    ASSERT_EQ(InsertText(*buffer, "1\n2\r\n3\n\n4", 1, 1), 1);
-    EXPECT_EQ(buffer.Text(), "first\na1\n2\n3\n\n4b\nlast");
-    EXPECT_EQ(buffer->lines.lineCount, 7);
+TEST_F(TextStoreTest, InsertedLineFeedsSplitTheLineAndLoneCarriageReturnsStay) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"a\nb", "first\nxya\nbz\nlast"},
+        {"a\r\nb", "first\nxya\nbz\nlast"},
+        {"a\rb", "first\nxya\rbz\nlast"},
+        {"1\n2\r\n3\n\n4", "first\nxy1\n2\n3\n\n4z\nlast"},
+    };
+    for (const auto& [text, expected] : cases) {
+        TestBuffer buffer("first\nxyz\nlast");
+        buffer->lines.modified = 0;
+        ASSERT_EQ(InsertText(*buffer, text, 1, 2), 1);
+        EXPECT_EQ(buffer.Text(), expected);
+        EXPECT_EQ(buffer->lines.modified, 1);
+    }
     EXPECT_EQ(EndOfInsertion(MakePos(1, 1), "1\n2\r\n3\n\n4"), MakePos(5, 1));
-    EXPECT_EQ(CountNewlines("1\n2\r\n3\n\n4"), 4);
     EXPECT_EQ(EndOfInsertion(MakePos(3, 7), "abc"), MakePos(3, 10));
 
-    // Empty text is a success that changes nothing.
+    // Empty text is a success that changes nothing; a line past the end is refused.
+    TestBuffer buffer("ab");
     buffer->lines.modified = 0;
     EXPECT_EQ(InsertText(*buffer, "", 0, 0), 1);
     EXPECT_EQ(buffer->lines.modified, 0);
@@ -179,14 +171,17 @@ TEST_F(TextStoreTest, PositionsAreClampedAndSteppedAcrossLines) {
     buffer->visibleLines = 10;
     EXPECT_EQ(ClampTopLine(*buffer, 5), 0);
 
-    EXPECT_EQ(NextPos(*buffer, MakePos(0, 2)), MakePos(0, 3));
-    EXPECT_EQ(NextPos(*buffer, MakePos(0, 3)), MakePos(1, 0));
-    EXPECT_EQ(NextPos(*buffer, MakePos(1, 0)), MakePos(2, 0));
-    EXPECT_EQ(NextPos(*buffer, MakePos(3, 4)), MakePos(3, 4));
+    // Steps cross line ends and stop at the ends of the text.
+    const std::pair<TextPos, TextPos> next[] = {{{0, 2}, {0, 3}}, {{0, 3}, {1, 0}},
+                                                {{1, 0}, {2, 0}}, {{3, 4}, {3, 4}}};
+    for (const auto& [from, to] : next) {
+        EXPECT_EQ(NextPos(*buffer, from), to);
+        if (!(from == to)) {
+            EXPECT_EQ(PrevPos(*buffer, to), from);
+        }
+    }
     EXPECT_EQ(PrevPos(*buffer, MakePos(0, 0)), MakePos(0, 0));
     EXPECT_EQ(PrevPos(*buffer, MakePos(3, 0)), MakePos(2, 2));
-    EXPECT_EQ(PrevPos(*buffer, MakePos(2, 0)), MakePos(1, 0));
-    EXPECT_EQ(PrevPos(*buffer, MakePos(3, 2)), MakePos(3, 1));
 }
 
 TEST_F(TextStoreTest, ReplaceLineStoresACopyAndMarksTheText) {
