@@ -138,6 +138,11 @@ public:
     // Moves the mouse pointer by one pixel, down or up; the system then sends another mouse
     // move, which keeps a drag outside the window scrolling without a timer.
     virtual void NudgePointer(bool /*down*/) {}
+
+    // --- Edit window display ----------------------------------------------------------------
+    // Draws bytes start..end of a line inverted at once, over what the window shows (the
+    // highlight of a found text; a redraw of the line takes it away).
+    virtual void DrawFoundText(EditBuffer&, int /*line*/, int /*startColumn*/, int /*endColumn*/) {}
 };
 
 } // namespace ruvo

@@ -52,6 +52,11 @@ public:
     int caretMoves = 0;
     int caretRecreations = 0;
     std::vector<bool> pointerNudges;         // true for a nudge down
+    struct FoundText {
+        EditBuffer* buffer;
+        int line, startColumn, endColumn;
+    };
+    std::vector<FoundText> foundTexts;       // every DrawFoundText
 
     // --- What the tests script ---
     std::deque<int> answers;                      // next question answers; empty: AnswerYes
@@ -110,6 +115,9 @@ public:
     void MoveCaret(EditBuffer&) override { ++caretMoves; }
     void RecreateCaret(EditBuffer&) override { ++caretRecreations; }
     void NudgePointer(bool down) override { pointerNudges.push_back(down); }
+    void DrawFoundText(EditBuffer& buffer, int line, int startColumn, int endColumn) override {
+        foundTexts.push_back({&buffer, line, startColumn, endColumn});
+    }
 
     std::map<EditBuffer*, std::string> windowTitles;
 
