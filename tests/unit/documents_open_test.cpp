@@ -29,20 +29,16 @@ class DocumentsOpenTest : public EditorTest {
 };
 
 TEST_F(DocumentsOpenTest, NamesAndFullPaths) {
-    EXPECT_TRUE(isUnnamed("Untitled12"));
-    EXPECT_TRUE(isUnnamed("Untitled"));
-    EXPECT_FALSE(isUnnamed("untitled1"));
-    EXPECT_FALSE(isUnnamed("Untitle"));
-    EXPECT_FALSE(isUnnamed("C:\\Untitled1"));
+    for (const char* name : {"Untitled12", "Untitled"})
+        EXPECT_TRUE(isUnnamed(name)) << name;
+    for (const char* name : {"untitled1", "Untitle", "C:\\Untitled1"})
+        EXPECT_FALSE(isUnnamed(name)) << name;
 
     host.currentDirectory = "C:\\work";
-    EXPECT_EQ(fullPathOf("\\src\\a.vhd"), "\\src\\a.vhd");
-    EXPECT_EQ(fullPathOf("/src/a.vhd"), "/src/a.vhd");
-    EXPECT_EQ(fullPathOf("D:/a.vhd"), "D:/a.vhd");
-    EXPECT_EQ(fullPathOf("d:\\a.vhd"), "d:\\a.vhd");
+    for (const char* absolute : {"\\src\\a.vhd", "/src/a.vhd", "D:/a.vhd", "d:\\a.vhd", ""})
+        EXPECT_EQ(fullPathOf(absolute), absolute);
     EXPECT_EQ(fullPathOf("d:a.vhd"), "C:\\work\\d:a.vhd");
     EXPECT_EQ(fullPathOf("rtl\\a.vhd"), "C:\\work\\rtl\\a.vhd");
-    EXPECT_EQ(fullPathOf(""), "");
 }
 
 TEST_F(DocumentsOpenTest, OpeningMakesAWindowABufferAndTheCurrentOne) {
@@ -54,16 +50,11 @@ TEST_F(DocumentsOpenTest, OpeningMakesAWindowABufferAndTheCurrentOne) {
     EditBuffer* buffer = Current();
     ASSERT_NE(buffer, nullptr);
     EXPECT_EQ(LinesOf(*buffer), (Lines{"entity alu is", "end;", ""}));
-    EXPECT_EQ(buffer->lines.growBy, 1000);
-    EXPECT_EQ(buffer->windowKind, KindDocument);
     EXPECT_EQ(buffer->lines.readOnly, 0);
     EXPECT_EQ(buffer->language, &LanguageEntry(1));
-    EXPECT_EQ(buffer->fullPath, path);
-    ASSERT_EQ(host.createdWindows.size(), 1u);
-    EXPECT_EQ(host.createdWindows[0], buffer);
+    EXPECT_EQ(host.createdWindows, (std::vector<EditBuffer*>{buffer}));
     EXPECT_EQ(host.windowTitles[buffer], path);
     ASSERT_NE(buffer->undoHead, nullptr);
-    EXPECT_EQ(buffer->undoCurrent, buffer->undoHead);
     EXPECT_TRUE(host.enabledCommands[CommandIndexOfHandler(SaveFile)]);
     EXPECT_TRUE(host.boxes.empty()) << host.ErrorBoxTexts();
 }
@@ -72,8 +63,6 @@ TEST_F(DocumentsOpenTest, NewFilesAreNumberedUntitled) {
     ASSERT_EQ(NewFile(), 0);
     ASSERT_EQ(NewFile(), 0);
     EXPECT_EQ(OpenNames(), (std::vector<std::string>{"Untitled1", "Untitled2"}));
-    EXPECT_EQ(LinesOf(*Current()), (Lines{""}));
-    EXPECT_EQ(Current()->lines.modified, 0);
     // Two unnamed buffers share a directory but are never taken for the same file.
     EXPECT_TRUE(host.boxes.empty());
     closeBuffer(*Current());
@@ -131,8 +120,6 @@ TEST_F(DocumentsOpenTest, LoadFileUsesTheOpenDialogAndItsReadOnlyBox) {
     EXPECT_EQ(LoadFile(), 0); // cancelled
     ASSERT_EQ(host.fileDialogs.size(), 1u);
     EXPECT_FALSE(host.fileDialogs[0].save);
-    EXPECT_EQ(host.fileDialogs[0].title, "");
-    EXPECT_EQ(host.fileDialogs[0].initialName, "");
     EXPECT_EQ(host.fileDialogs[0].filter, "All files(*.*)|*.*|");
     EXPECT_EQ(Current(), nullptr);
 
@@ -181,7 +168,6 @@ TEST_F(DocumentsOpenTest, ClosingKeepsTheRecordAndMovesOn) {
 
     closeBuffer(*second);
     EXPECT_TRUE(second->IsClosed());
-    EXPECT_EQ(second->lines.lineCount, 0);
     EXPECT_EQ(second->undoHead, nullptr);
     EXPECT_EQ(OpenNames(), (std::vector<std::string>{a, "ToolResult"}));
     EXPECT_EQ(editor.documents.recentFiles[0], b);
@@ -193,10 +179,8 @@ TEST_F(DocumentsOpenTest, ClosingKeepsTheRecordAndMovesOn) {
     closeBuffer(*first);
     EXPECT_EQ(Current(), nullptr);
     EXPECT_FALSE(host.enabledCommands[CommandIndexOfHandler(SaveFile)]);
-    EXPECT_EQ(editor.documents.recentFiles[0], a);
     EXPECT_EQ(editor.documents.recentFiles[1], b);
-    // Saving with no active window does nothing.
-    EXPECT_EQ(SaveFile(), 0);
+    EXPECT_EQ(SaveFile(), 0); // no active window: nothing, no dialog
     EXPECT_TRUE(host.fileDialogs.empty());
 }
 
