@@ -34,22 +34,16 @@ TEST_F(WordSearchTest, WordsStartOnlyAtLettersAndDigits) {
     EXPECT_EQ(GetWordAt(*buffer, MakePos(7, 0), word, start), 0);
 }
 
-TEST_F(WordSearchTest, ForwardSearchHonoursCaseAndWholeWords) {
+// Positions and directions are checked at random below; these are the rules it leaves out.
+TEST_F(WordSearchTest, SearchHonoursCaseAndBoundsOnlyWhereAMatchStarts) {
     TestBuffer buffer("int in\nbegin IN x\nin");
     const TextRange all{MakePos(0, 0), MakePos(2, 2)};
     TextPos found{-1, -1};
-    ASSERT_EQ(SearchText(*buffer, "in", true, true, all, found), 1);
-    EXPECT_EQ(found, MakePos(0, 4));
-    ASSERT_EQ(SearchText(*buffer, "in", true, false, all, found), 1);
-    EXPECT_EQ(found, MakePos(0, 0));
-
-    const TextRange fromLine1{MakePos(1, 0), MakePos(2, 2)};
-    ASSERT_EQ(SearchText(*buffer, "IN", true, true, fromLine1, found), 1);
+    ASSERT_EQ(SearchText(*buffer, "in", false, true, {MakePos(1, 0), MakePos(2, 2)}, found), 1);
     EXPECT_EQ(found, MakePos(1, 6));
-    ASSERT_EQ(SearchText(*buffer, "in", false, true, fromLine1, found), 1);
-    EXPECT_EQ(found, MakePos(1, 6));
-    ASSERT_EQ(SearchText(*buffer, "in", true, true, fromLine1, found), 1);
-    EXPECT_EQ(found, MakePos(2, 0));
+    EXPECT_EQ(SearchText(*buffer, "AB", false, false, {MakePos(2, 2), MakePos(0, 0)}, found), 0);
+    ASSERT_EQ(SearchText(*buffer, "BEGIN", false, false, {MakePos(2, 2), MakePos(0, 0)}, found), 1);
+    EXPECT_EQ(found, MakePos(1, 0));
 
     // The range end bounds where a match may start, not where it ends.
     EXPECT_EQ(SearchText(*buffer, "x", true, false, {MakePos(1, 0), MakePos(1, 8)}, found), 0);
@@ -57,23 +51,7 @@ TEST_F(WordSearchTest, ForwardSearchHonoursCaseAndWholeWords) {
     EXPECT_EQ(SearchText(*buffer, "IN x", true, false, {MakePos(1, 0), MakePos(1, 6)}, found), 1);
 
     EXPECT_EQ(SearchText(*buffer, "", true, false, all, found), 0);
-    EXPECT_EQ(SearchText(*buffer, "int", true, false, {MakePos(0, 0), MakePos(0, 0)}, found), 0);
     EXPECT_EQ(SearchText(*buffer, "n\nb", true, false, all, found), 0);
-    EXPECT_EQ(SearchText(*buffer, "out", false, false, all, found), 0);
-}
-
-TEST_F(WordSearchTest, BackwardSearchFindsTheNearestEarlierMatch) {
-    TestBuffer buffer("in x in\nlonger line here\nab");
-    TextPos found;
-    ASSERT_EQ(SearchText(*buffer, "in", true, false, {MakePos(2, 2), MakePos(0, 0)}, found), 1);
-    EXPECT_EQ(found, MakePos(1, 8));
-    ASSERT_EQ(SearchText(*buffer, "in", true, true, {MakePos(2, 2), MakePos(0, 0)}, found), 1);
-    EXPECT_EQ(found, MakePos(0, 5));
-    ASSERT_EQ(SearchText(*buffer, "in", true, true, {MakePos(0, 4), MakePos(0, 0)}, found), 1);
-    EXPECT_EQ(found, MakePos(0, 0));
-    EXPECT_EQ(SearchText(*buffer, "in", true, true, {MakePos(0, 4), MakePos(0, 1)}, found), 0);
-    EXPECT_EQ(SearchText(*buffer, "AB", false, false, {MakePos(2, 0), MakePos(0, 0)}, found), 1);
-    EXPECT_EQ(found, MakePos(2, 0));
 }
 
 // The nearest match in the direction of the search, by trying every position in the range.
