@@ -2,6 +2,7 @@
 #include "engine/bookmarks.h"
 
 #include <string>
+#include <vector>
 
 #include "buffer_builder.h"
 #include "editor_fixture.h"
@@ -23,10 +24,8 @@ std::string ManyLines(int count) {
 TEST_F(BookmarksTest, GoingToABookmarkNeverSetIsAnAlert) {
     TestBuffer buffer("text");
     EXPECT_EQ(GotoBookmark(4), 1);
-    ASSERT_EQ(host.statusTexts.size(), 1u);
-    EXPECT_EQ(host.statusTexts[0].pane, 4);
-    EXPECT_EQ(host.statusTexts[0].text, "Bookmark 4 is not set.");
-    EXPECT_TRUE(host.statusTexts[0].beep);
+    EXPECT_EQ(host.statusPanes[4], "Bookmark 4 is not set.");
+    EXPECT_TRUE(host.statusTexts.back().beep);
     EXPECT_EQ(buffer.LoggedTransactions(), 0);
 }
 
@@ -36,13 +35,11 @@ TEST_F(BookmarksTest, SetThenGoBringsTheCaretBack) {
     EXPECT_EQ(SetMark3(), 0);
     EXPECT_EQ(host.statusPanes[4], "Dropped bookmark 3.");
     EXPECT_FALSE(host.statusTexts.back().beep);
-    EXPECT_EQ(host.beeps, 0);
 
     GoBeginDoc();
     EXPECT_EQ(GotoBookmark(3), 0);
     EXPECT_EQ(buffer->cursor, MakePos(12, 1));
-    ASSERT_EQ(host.activatedWindows.size(), 1u);
-    EXPECT_EQ(host.activatedWindows[0], buffer.get());
+    EXPECT_EQ(host.activatedWindows, (std::vector<EditBuffer*>{buffer.get()}));
     EditUndo(); // the jump is one recorded caret move
     EXPECT_EQ(buffer->cursor, MakePos(0, 0));
 }
@@ -55,8 +52,11 @@ TEST_F(BookmarksTest, GoingToABookmarkActivatesItsWindow) {
     second.PlaceCaret(0, 3);
     ASSERT_EQ(editor.engine.currentBuffer, second.get());
 
-    GotoMark7();
+    first.Select(MakePos(0, 1), MakePos(0, 3));
+    GotoMark7(); // the selection stays
     EXPECT_EQ(editor.engine.currentBuffer, first.get());
+    EXPECT_EQ(first->selStart, MakePos(0, 1));
+    EXPECT_EQ(first->lines.hasSelection, 1);
     EXPECT_EQ(first->cursor, MakePos(1, 6));
     EXPECT_EQ(second->cursor, MakePos(0, 3));
     EXPECT_EQ(second.LoggedTransactions(), 0);
@@ -106,18 +106,6 @@ TEST_F(BookmarksTest, BookmarksKeepTheirNumbersWhenTheTextShrinks) {
     EXPECT_EQ(buffer->cursor, MakePos(150, 1));
 }
 
-TEST_F(BookmarksTest, GoingToABookmarkKeepsTheSelection) {
-    TestBuffer buffer("one\ntwo\nthree");
-    buffer.PlaceCaret(2, 4);
-    SetMark0();
-    buffer.Select(MakePos(0, 1), MakePos(1, 2));
-    GotoMark0();
-    EXPECT_EQ(buffer->cursor, MakePos(2, 4));
-    EXPECT_EQ(buffer->selStart, MakePos(0, 1));
-    EXPECT_EQ(buffer->selEnd, MakePos(1, 2));
-    EXPECT_EQ(buffer->lines.hasSelection, 1);
-}
-
 TEST_F(BookmarksTest, WithoutAWindowNothingIsSet) {
     EXPECT_EQ(SetMark9(), 0);
     EXPECT_EQ(editor.engine.bookmarks[9].isSet, 0);
@@ -127,8 +115,7 @@ TEST_F(BookmarksTest, WithoutAWindowNothingIsSet) {
 
     TestBuffer buffer("x");
     EXPECT_EQ(SetBookmark(10), 0);
-    EXPECT_EQ(SetBookmark(-1), 0);
-    EXPECT_EQ(GotoBookmark(10), 1);
+    EXPECT_EQ(GotoBookmark(-1), 1);
     EXPECT_EQ(host.statusTexts.size(), 1u);
 }
 
