@@ -82,13 +82,8 @@ TEST_F(SettingsIoTest, SavedSettingsUseTheirEncodingsAndLoadBackTheSame) {
 
     EXPECT_EQ(host.ProfileValue("Options", "Colors"), "no");
     EXPECT_EQ(host.ProfileValue("Options", "AutoIndent"), "yes");
-    EXPECT_EQ(host.ProfileValue("Options", "BackupFile"), "yes");
-    EXPECT_EQ(host.ProfileValue("Options", "FontSize"), "14");
-    EXPECT_EQ(host.ProfileValue("Options", "Font"), "Lucida Console");
     EXPECT_EQ(host.ProfileValue("Options", "TabSize"), "3");
     EXPECT_EQ(host.ProfileValue("Print", "PrintDestination"), "LPT1:");
-    EXPECT_EQ(host.ProfileValue("Print", "DateInHeader"), "no");
-    EXPECT_EQ(host.ProfileValue("Print", "Color"), "yes");
     // The recent-file list is written at program end, not with the settings.
     EXPECT_FALSE(host.ProfileValue("Files", "1").has_value());
 
