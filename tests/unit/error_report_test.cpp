@@ -27,21 +27,15 @@ const std::string Title = "*         Startup errors of RUVO / HDL Language Edito
 
 TEST_F(ErrorReportTest, FirstReportAddsTheBannerOnceAndEveryReportCounts) {
     EXPECT_FALSE(HasStartupErrors());
-    EXPECT_EQ(editor.settings.startupErrors.lines, nullptr);
-
     ReportStartupError(ErrorCannotOpen, "vhdl.lsf", "Language Options File");
-    EXPECT_TRUE(HasStartupErrors());
     ReportStartupError(ErrorCannotOpen, "menu.ini", "Menu definition");
 
-    EXPECT_EQ(Title.size(), 62u);
     EXPECT_EQ(LogLines(editor), (std::vector<std::string>{
                                     Stars, Title, Stars,
                                     "Error 2: Cannot open Language Options File file 'vhdl.lsf'.",
                                     "Error 2: Cannot open Menu definition file 'menu.ini'."}));
     EXPECT_EQ(editor.settings.startupErrors.errorCount, 2);
-    const LineList* list = editor.settings.startupErrors.lines;
-    EXPECT_EQ(list->growBy, 10);
-    EXPECT_EQ(list->readOnly, 1);
+    EXPECT_EQ(editor.settings.startupErrors.lines->readOnly, 1);
 }
 
 TEST_F(ErrorReportTest, EachKindHasItsOwnLines) {

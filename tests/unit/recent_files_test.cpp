@@ -7,6 +7,7 @@
 #include "docs/recent_files.h"
 #include "document_files.h"
 #include "editor_fixture.h"
+#include "settings/profile.h"
 
 namespace ruvo {
 namespace {
@@ -93,11 +94,7 @@ TEST_F(RecentFilesTest, ReadFromAndWrittenToTheProfile) {
 
     addRecentFile("new.vhd");
     saveRecentFiles();
-    EXPECT_EQ(host.ProfileValue("Files", "1"), "new.vhd");
-    EXPECT_EQ(host.ProfileValue("Files", "2"), kept);
-    EXPECT_EQ(host.ProfileValue("Files", "3"), "C:\\two.v");
-    EXPECT_EQ(host.ProfileValue("Files", "4"), "");
-    EXPECT_EQ(host.ProfileValue("Files", "5"), "");
+    EXPECT_EQ(ReadList("Files", "", 5, 256), (Names{"new.vhd", kept, "C:\\two.v", "", ""}));
 }
 
 } // namespace
