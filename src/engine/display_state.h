@@ -8,7 +8,7 @@ namespace ruvo {
 
 struct EditBuffer;
 
-constexpr int LineNumberColumns = 7;  // margin width when line numbers are shown
+constexpr int LineNumberColumns = 7;   // margin width when line numbers are shown
 constexpr int UnmeasuredCharWidth = 5; // metrics before the editor font is first measured
 constexpr int UnmeasuredLineHeight = 13;
 constexpr int InsertCaretWidth = 2;

@@ -1,0 +1,364 @@
+// Pixel layout of edit windows: font height, measuring, paint plans, the segments of a row with
+// selection and tabs, the caret's place, error markers and the found-text highlight.
+#include "engine/line_layout.h"
+
+#include <string>
+#include <vector>
+
+#include "buffer_builder.h"
+#include "editor_fixture.h"
+#include "engine/found_text.h"
+#include "lang/keyword_lookup.h"
+
+namespace ruvo {
+namespace {
+
+constexpr uint32_t TextColour = MakeColor(1, 1, 1);
+constexpr uint32_t CommentColour = MakeColor(2, 2, 2);
+constexpr uint32_t KeywordColour = MakeColor(5, 5, 5);
+
+class LineLayoutTest : public EditorTest {
+  protected:
+    LineLayoutTest() {
+        language.name = "VHDL";
+        language.lineComment = "--";
+        language.text.color = TextColour;
+        language.comment.color = CommentColour;
+        language.groups[0].attribute.color = KeywordColour;
+        for (const char* word : {"entity", "is", "end", "signal"})
+            EXPECT_TRUE(language.groups[0].words.Append(word));
+        SortKeywords(language.groups[0].words);
+        SetFontMetrics(8, 15);
+    }
+
+    // A 640 x 480 window: 80 columns with a 7-column margin, 32 full rows.
+    void Measure(EditBuffer& buffer) { MeasureBuffer(buffer, 640, 480); }
+
+    // Each segment as text, '*' when inverted, '@' screen column, '~' when drawn with tabs.
+    std::string Describe(const EditBuffer& buffer, int32_t line) {
+        RowLayout layout;
+        LayOutRow(buffer, line, layout);
+        std::string text;
+        for (int i = 0; i < layout.count; ++i) {
+            const RowSegment& s = layout.segments[i];
+            text +=
+                "[" +
+                std::string(buffer.lines.lineText[line] + s.start, static_cast<size_t>(s.length)) +
+                "]";
+            if (s.inverted) text += "*";
+            text += "@" + std::to_string(s.displayColumn);
+            if (s.hasTabs) text += "~";
+        }
+        text += layout.fillBlack ? " black" : " white";
+        return text;
+    }
+
+    LanguageDef language;
+};
+
+TEST_F(LineLayoutTest, FontHeightFollowsThePointSizeAndTheScreen) {
+    EXPECT_EQ(EditorFontPointSize("12"), 12);
+    EXPECT_EQ(EditorFontPointSize(" 14pt"), 14);
+    // Zero, negative sizes and texts that are no number give the 10-point font.
+    for (const char* bad : {"0", "", "abc", "-3", " "})
+        EXPECT_EQ(EditorFontPointSize(bad), 10) << bad;
+
+    // Rounded to the nearest pixel, as MulDiv does, and negative (a character height).
+    EXPECT_EQ(EditorFontHeight("10", 96), -13); // 13.33
+    EXPECT_EQ(EditorFontHeight("11", 96), -15); // 14.67
+    EXPECT_EQ(EditorFontHeight("9", 96), -12);  // exactly 12
+    EXPECT_EQ(EditorFontHeight("0", 120), -17); // 16.67 for 10 points
+    EXPECT_EQ(EditorFontHeight("x", 72), -10);
+
+    EXPECT_EQ(MulDivRounded(5, 3, 2), 8); // halves go away from zero
+    EXPECT_EQ(MulDivRounded(-5, 3, 2), -8);
+    EXPECT_EQ(MulDivRounded(5, 3, -2), -8);
+    EXPECT_EQ(MulDivRounded(7, 1, 3), 2);
+    EXPECT_EQ(MulDivRounded(1, 1, 0), -1);
+    EXPECT_EQ(MulDivRounded(1 << 30, 8, 1), -1);
+}
+
+TEST_F(LineLayoutTest, MeasuringUsesTheSharedCellAndTheMarginSetting) {
+    // Before the first measurement the cell is 5 x 13.
+    Editor fresh(host);
+    EXPECT_EQ(fresh.engine.display.charWidth, 5);
+    EXPECT_EQ(fresh.engine.display.lineHeight, 13);
+    EXPECT_EQ(fresh.engine.display.marginSetting, 7);
+
+    TestBuffer buffer("x");
+    MeasureBuffer(*buffer, 645, 479);
+    EXPECT_EQ(buffer->marginColumns, 7);
+    EXPECT_EQ(buffer->windowColumns, 80);
+    EXPECT_EQ(buffer->marginWidth, 56);
+    EXPECT_EQ(buffer->clientWidth, 645);
+    EXPECT_EQ(buffer->visibleLines, 31);
+    EXPECT_EQ(buffer->visibleColumns, 73);
+
+    // Line numbers off: the text starts at the left edge.
+    SetLineNumbersShown(false);
+    MeasureBuffer(*buffer, 645, 479);
+    EXPECT_EQ(buffer->marginColumns, 0);
+    EXPECT_EQ(buffer->marginWidth, 0);
+    EXPECT_EQ(buffer->visibleColumns, 80);
+    EXPECT_EQ(TextColumnX(*buffer, 0), 0);
+    SetLineNumbersShown(true);
+    MeasureBuffer(*buffer, 645, 479);
+    EXPECT_EQ(TextColumnX(*buffer, 0), 56);
+
+    // A zero-sized cell never divides by zero.
+    SetFontMetrics(0, 0);
+    EXPECT_EQ(CharWidth(), 1);
+    EXPECT_EQ(LineHeight(), 1);
+}
+
+TEST_F(LineLayoutTest, PaintPlanCoversVisibleRowsAndBlanksBelowTheText) {
+    std::string text;
+    for (int i = 0; i < 100; ++i)
+        text += "line " + std::to_string(i) + "\n";
+    TestBuffer buffer(text); // 101 lines, the last empty
+    Measure(*buffer);
+    buffer->topLine = 10;
+
+    // A full repaint draws the visible rows and the partial one after them, no blank area.
+    PaintPlan plan = PlanPaint(*buffer, 0, buffer->lines.lineCount, true);
+    EXPECT_EQ(plan.firstLine, 10);
+    EXPECT_EQ(plan.endLine, 43);
+    EXPECT_TRUE(plan.margin);
+    EXPECT_FALSE(plan.clip);
+    EXPECT_FALSE(plan.blankBelow);
+
+    // One line: no margin, no blank area.
+    plan = PlanPaint(*buffer, 12, 12, false);
+    EXPECT_EQ(plan.firstLine, 12);
+    EXPECT_EQ(plan.endLine, 13);
+    EXPECT_FALSE(plan.margin);
+    EXPECT_FALSE(plan.blankBelow);
+
+    // Near the end the area below the last line is painted white.
+    buffer->topLine = 90;
+    plan = PlanPaint(*buffer, 95, buffer->lines.lineCount, true);
+    EXPECT_EQ(plan.firstLine, 95);
+    EXPECT_EQ(plan.endLine, 101);
+    EXPECT_TRUE(plan.blankBelow);
+    EXPECT_EQ(plan.blankFromRow, 11);
+    EXPECT_EQ(BlankBelowRect(*buffer, plan.blankFromRow), (PixelRect{56, 165, 648, 495}));
+
+    // Scrolled sideways the text is clipped off the margin; without line numbers there is
+    // no margin to paint.
+    buffer->leftColumn = 3;
+    EXPECT_TRUE(PlanPaint(*buffer, 0, 5, false).clip);
+    EXPECT_EQ(TextClipRect(*buffer), (PixelRect{56, 0, 640, 495}));
+    SetLineNumbersShown(false);
+    Measure(*buffer);
+    EXPECT_FALSE(PlanPaint(*buffer, 0, buffer->lines.lineCount, true).margin);
+
+    char number[16];
+    EXPECT_EQ(LineNumberText(0, number, sizeof number), 5);
+    EXPECT_STREQ(number, "    1");
+    LineNumberText(99999, number, sizeof number);
+    EXPECT_STREQ(number, "100000");
+    EXPECT_EQ(MarginRect(*buffer), (PixelRect{-1, -1, -1, 495}));
+}
+
+TEST_F(LineLayoutTest, RowsAreColouredAndSplitAtTheSelection) {
+    TestBuffer buffer("entity alu is -- top\nsignal a\n\tend\nlast line");
+    buffer->language = &language;
+    Measure(*buffer);
+
+    EXPECT_EQ(Describe(*buffer, 0), "[entity]@0[ alu ]@6[is]@11[ ]@13[-- top]@14 white");
+    RowLayout layout;
+    LayOutRow(*buffer, 0, layout);
+    EXPECT_EQ(layout.segments[0].color, KeywordColour);
+    EXPECT_EQ(layout.segments[1].color, TextColour);
+    EXPECT_EQ(layout.segments[4].color, CommentColour);
+    EXPECT_EQ(layout.endColumn, 20);
+
+    // A selection inside one line splits the runs at its columns; selected text is white.
+    buffer.Select(MakePos(0, 3), MakePos(0, 9));
+    EXPECT_EQ(Describe(*buffer, 0), "[ent]@0[ity]*@3[ al]*@6[u ]@9[is]@11[ ]@13[-- top]@14 white");
+    LayOutRow(*buffer, 0, layout);
+    EXPECT_EQ(layout.segments[1].color, ColorWhite);
+    EXPECT_EQ(layout.segments[0].color, KeywordColour);
+
+    // Over several lines: from the start column to the end of the first line (the row's
+    // rest black), whole lines inside, and up to the end column on the last line.
+    buffer.Select(MakePos(3, 4), MakePos(0, 14));
+    EXPECT_EQ(Describe(*buffer, 0), "[entity]@0[ alu ]@6[is]@11[ ]@13[-- top]*@14 black");
+    EXPECT_EQ(Describe(*buffer, 1), "[signal a]*@0 black");
+    EXPECT_EQ(Describe(*buffer, 2), "[\tend]*@0~ black");
+    EXPECT_EQ(Describe(*buffer, 3), "[last]*@0[ line]@4 white");
+
+    // A selection that ends at column 0 shows nothing on its last line; one that starts at
+    // the end of a line shows only the black rest of the row.
+    buffer.Select(MakePos(0, 20), MakePos(2, 0));
+    EXPECT_EQ(Describe(*buffer, 0), "[entity]@0[ alu ]@6[is]@11[ ]@13[-- top]@14 black");
+    EXPECT_EQ(Describe(*buffer, 2), "[\t]@0~[end]@4 white");
+
+    // Colouring off: one black run, still split by the selection.
+    editor.settings.options.colors = false;
+    buffer.Select(MakePos(1, 2), MakePos(1, 4));
+    EXPECT_EQ(Describe(*buffer, 1), "[si]@0[gn]*@2[al a]@4 white");
+    LayOutRow(*buffer, 1, layout);
+    EXPECT_EQ(layout.segments[0].color, ColorBlack);
+
+    // An empty line has no segments; its row is filled from column 0.
+    TestBuffer empty("\nx");
+    LayOutRow(*empty, 0, layout);
+    EXPECT_EQ(layout.count, 0);
+    EXPECT_EQ(layout.endColumn, 0);
+}
+
+TEST_F(LineLayoutTest, TabsExpandFromTheTextsOwnColumnZero) {
+    editor.settings.options.tabSize = 4;
+    TestBuffer buffer("\tend x\tis\nab\tc");
+    buffer->language = &language;
+    Measure(*buffer);
+
+    EXPECT_EQ(Describe(*buffer, 0), "[\t]@0~[end]@4[ x\t]@7~[is]@12 white");
+    EXPECT_EQ(Describe(*buffer, 1), "[ab\tc]@0~ white");
+    RowLayout layout;
+    LayOutRow(*buffer, 1, layout);
+    EXPECT_EQ(layout.endColumn, 5);
+
+    // Scrolled by 2 columns, the tab origin moves with the text, so a leading tab still
+    // ends on a multiple of the tab size from the text's start.
+    buffer->leftColumn = 2;
+    EXPECT_EQ(TabStopWidth(), 32);
+    EXPECT_EQ(TabOriginX(*buffer), (7 - 2) * 8);
+    EXPECT_EQ(TextColumnX(*buffer, 4) - TabOriginX(*buffer), 4 * 8);
+    // The row's rest starts after the text and reaches one pixel into the next row.
+    EXPECT_EQ(RowFillRect(*buffer, 1, layout.endColumn), (PixelRect{80, 15, 648, 31}));
+
+    // A selection inside a tabbed run keeps each piece's own column.
+    buffer.Select(MakePos(0, 5), MakePos(0, 8));
+    EXPECT_EQ(Describe(*buffer, 0), "[\t]@0~[end]@4[ ]@7[x\t]*@8~[i]*@12[s]@13 white");
+
+    editor.settings.options.tabSize = 8;
+    EXPECT_EQ(Describe(*buffer, 1), "[ab\tc]@0~ white");
+    LayOutRow(*buffer, 1, layout);
+    EXPECT_EQ(layout.endColumn, 9);
+}
+
+TEST_F(LineLayoutTest, CaretFollowsTheScreenColumnAndHidesLeftOfTheView) {
+    editor.settings.options.tabSize = 4;
+    TestBuffer buffer("a\tbc\nline two\nthree");
+    Measure(*buffer);
+
+    buffer.PlaceCaret(0, 2); // after the tab: screen column 4
+    EXPECT_EQ(CaretPosition(*buffer), (CaretPixel{(7 + 4) * 8, 0}));
+    buffer.PlaceCaret(2, 3);
+    buffer->topLine = 1;
+    EXPECT_EQ(CaretPosition(*buffer), (CaretPixel{(7 + 3) * 8, 15}));
+
+    // Scrolled sideways: at the left column it sits at the margin's edge, left of it out of
+    // sight rather than at column 0.
+    buffer->leftColumn = 3;
+    EXPECT_EQ(CaretPosition(*buffer), (CaretPixel{7 * 8, 15}));
+    buffer->leftColumn = 4;
+    EXPECT_EQ(CaretPosition(*buffer), (CaretPixel{-8, 15}));
+
+    EXPECT_EQ(CaretWidth(), 2);
+    editor.engine.overwriteMode = true;
+    EXPECT_EQ(CaretWidth(), 8);
+}
+
+// A compiler error list owned by one buffer, as the compiler support will install it.
+struct FakeErrorList {
+    const EditBuffer* owner = nullptr;
+    std::vector<MarginError> entries;
+};
+FakeErrorList* theErrors = nullptr;
+
+bool ErrorEntry(const EditBuffer& buffer, int32_t index, MarginError& entry) {
+    if (theErrors == nullptr || &buffer != theErrors->owner) return false;
+    if (index < 0 || index >= static_cast<int32_t>(theErrors->entries.size())) return false;
+    entry = theErrors->entries[static_cast<size_t>(index)];
+    return true;
+}
+
+TEST_F(LineLayoutTest, ErrorMarkersOfTheOwningBufferOnPaintedLines) {
+    std::string text;
+    for (int i = 0; i < 60; ++i)
+        text += "x\n";
+    TestBuffer buffer(text);
+    TestBuffer other(text, false);
+    Measure(*buffer);
+    Measure(*other);
+    buffer->topLine = 5;
+
+    FakeErrorList errors{buffer.get(),
+                         {{3, 1, 0}, {8, 2, 2}, {9, 3, 0}, {40, 4, 0}, {0, -1, 0}, {10, 6, 0}}};
+    theErrors = &errors;
+    ErrorMarker markers[16];
+    const PaintPlan full = PlanPaint(*buffer, 0, buffer->lines.lineCount, true);
+    // No source installed: no markers.
+    EXPECT_EQ(CollectErrorMarkers(*buffer, full, markers, 16), 0);
+
+    editor.engine.display.errorSource = ErrorEntry;
+    // Line 3 is above the view, line 40 below it, line 10 after the closing entry.
+    ASSERT_EQ(CollectErrorMarkers(*buffer, full, markers, 16), 2);
+    EXPECT_EQ(markers[0].line, 7);
+    EXPECT_EQ(markers[0].color, ColorYellow);
+    EXPECT_EQ(markers[1].line, 8);
+    EXPECT_EQ(markers[1].color, ColorMarginError);
+    EXPECT_EQ(ErrorMarkerBox(*buffer, 7), (PixelRect{3, 30, 13, 40}));
+    EXPECT_EQ(CollectErrorMarkers(*buffer, full, markers, 1), 1);
+
+    // Only the painted lines, only the owner, only when the margin is painted.
+    EXPECT_EQ(CollectErrorMarkers(*buffer, PlanPaint(*buffer, 8, 20, true), markers, 16), 1);
+    EXPECT_EQ(CollectErrorMarkers(*other, PlanPaint(*other, 0, 60, true), markers, 16), 0);
+    EXPECT_EQ(CollectErrorMarkers(*buffer, PlanPaint(*buffer, 0, 60, false), markers, 16), 0);
+    SetLineNumbersShown(false);
+    Measure(*buffer);
+    EXPECT_EQ(CollectErrorMarkers(*buffer, PlanPaint(*buffer, 0, 60, true), markers, 16), 0);
+
+    // -2 closes the list as well.
+    errors.entries[1].resultLine = -2;
+    SetLineNumbersShown(true);
+    Measure(*buffer);
+    EXPECT_EQ(CollectErrorMarkers(*buffer, full, markers, 16), 0);
+    theErrors = nullptr;
+}
+
+TEST_F(LineLayoutTest, FoundTextIsDrawnOnceAndTakenAwayByTheNext) {
+    editor.settings.options.tabSize = 4;
+    TestBuffer buffer("first\tline\nsecond line\nthird");
+    Measure(*buffer);
+
+    ShowFoundText(*buffer, MakePos(0, 6), MakePos(0, 10));
+    ASSERT_EQ(host.foundTexts.size(), 1u);
+    EXPECT_EQ(host.foundTexts[0].line, 0);
+    EXPECT_EQ(host.foundTexts[0].startColumn, 6);
+    EXPECT_EQ(host.foundTexts[0].endColumn, 10);
+    EXPECT_TRUE(host.redrawnLines.empty());
+    const RowSegment segment = InvertedSegment(*buffer, 0, 6, 10);
+    EXPECT_EQ(segment.displayColumn, 8); // after the tab
+    EXPECT_EQ(segment.length, 4);
+    EXPECT_TRUE(segment.inverted);
+    EXPECT_FALSE(segment.hasTabs);
+
+    // The next match first redraws the old line normally.
+    ShowFoundText(*buffer, MakePos(1, 0), MakePos(1, 6));
+    ASSERT_EQ(host.redrawnLines.size(), 1u);
+    EXPECT_EQ(host.redrawnLines[0].second, 0);
+    EXPECT_EQ(host.foundTexts.size(), 2u);
+
+    // A match over two lines is not highlighted; the old one still goes.
+    ShowFoundText(*buffer, MakePos(1, 7), MakePos(2, 2));
+    EXPECT_EQ(host.redrawnLines.size(), 2u);
+    EXPECT_EQ(host.redrawnLines[1].second, 1);
+    EXPECT_EQ(host.foundTexts.size(), 2u);
+    HideFoundText();
+    EXPECT_EQ(host.redrawnLines.size(), 2u);
+
+    // Columns are kept inside the line; a closed window is not redrawn.
+    ShowFoundText(*buffer, MakePos(2, 3), MakePos(2, 99));
+    EXPECT_EQ(host.foundTexts.back().endColumn, 5);
+    buffer->closedFlags |= ClosedFlagWindowGone;
+    HideFoundText();
+    EXPECT_EQ(host.redrawnLines.size(), 2u);
+    EXPECT_FALSE(editor.engine.display.found.shown);
+}
+
+} // namespace
+} // namespace ruvo
