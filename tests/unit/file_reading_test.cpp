@@ -23,19 +23,22 @@ class FileReadingTest : public EditorTest {
     TempFolder folder;
 };
 
-TEST_F(FileReadingTest, LineEndsAndTheFinalEmptyLine) {
-    EXPECT_EQ(Load("a\r\nb\r\n"), (Lines{"a", "b", ""}));
-    EXPECT_EQ(Load("a\r\nb", "2.vhd"), (Lines{"a", "b"}));
-    EXPECT_EQ(Load("a\nb\n", "3.vhd"), (Lines{"a", "b", ""}));
-    EXPECT_EQ(Load("", "4.vhd"), (Lines{""}));
-    EXPECT_EQ(Load("\n", "5.vhd"), (Lines{"", ""}));
-    EXPECT_TRUE(host.boxes.empty()) << host.ErrorBoxTexts();
-}
-
-TEST_F(FileReadingTest, OnlyLineEndCarriageReturnsAreDroppedAndTabsStay) {
-    EXPECT_EQ(Load("x\ty\r\n\tz\r\r\nmid\rdle"), (Lines{"x\ty", "\tz\r", "mid\rdle"}));
-    EXPECT_EQ(Current()->lines.modified, 0);
+TEST_F(FileReadingTest, LineEndsAndTheFinalEmptyLineWhileOtherCarriageReturnsStay) {
+    const std::pair<std::string, Lines> cases[] = {
+        {"a\r\nb\r\n", {"a", "b", ""}},
+        {"a\r\nb", {"a", "b"}},
+        {"a\nb\n", {"a", "b", ""}},
+        {"", {""}},
+        {"\n", {"", ""}},
+        {"x\ty\r\n\tz\r\r\nmid\rdle", {"x\ty", "\tz\r", "mid\rdle"}},
+    };
+    int file = 0;
+    for (const auto& [bytes, lines] : cases) {
+        EXPECT_EQ(Load(bytes, std::to_string(++file) + ".vhd"), lines);
+        EXPECT_EQ(Current()->lines.modified, 0);
+    }
     EXPECT_EQ(host.busyCursorDepth, 0);
+    EXPECT_TRUE(host.boxes.empty()) << host.ErrorBoxTexts();
 }
 
 TEST_F(FileReadingTest, LongLinesAreSplitIntoPiecesOf254) {
@@ -56,9 +59,7 @@ TEST_F(FileReadingTest, NulByteGivesTheSizeMessageAndKeepsTheText) {
     ASSERT_EQ(host.boxes.size(), 1u);
     EXPECT_EQ(host.boxes[0].text,
               "Error(s) reading file '" + path + "'.\nExpected 9 bytes, actually read 5 bytes.");
-    EXPECT_EQ(host.boxes[0].kind, 0);
     EXPECT_EQ(LinesOf(*Current()), (Lines{"ab", "ef", ""}));
-    EXPECT_EQ(host.busyCursorDepth, 0);
 }
 
 TEST_F(FileReadingTest, BinaryFileOpensWithAMessageAndEveryLineWithinLimits) {
