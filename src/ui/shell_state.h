@@ -35,6 +35,8 @@ struct ShellState {
     // Installed by the button bar once it has buttons: its thickness across the edge it sits
     // on (left or top) for the given length along that edge. Without it the bar takes no room.
     int (*buttonBarThickness)(int length, bool left) = nullptr;
+    HFONT editorFont = nullptr; // shared by every edit window
+    HWND caretWindow = nullptr; // the edit window that owns the caret, while it has the focus
 };
 
 } // namespace ruvo
