@@ -9,6 +9,9 @@
 #include "engine/edit_buffer.h"
 #include "engine/editor.h"
 #include "engine/text_store.h"
+#include "engine/status_update.h"
+#include "ui/caret.h"
+#include "ui/edit_paint.h"
 #include "ui/edit_window.h"
 
 namespace ruvo {
@@ -23,16 +26,6 @@ std::string Terminated(std::string_view text) {
 
 HWND FrameOrNull() {
     return TheWinHost().shell.frame;
-}
-
-int LineHeightOf(HWND window) {
-    HDC dc = GetDC(window);
-    HGDIOBJ old = SelectObject(dc, GetStockObject(SYSTEM_FIXED_FONT));
-    TEXTMETRICA metrics;
-    GetTextMetricsA(dc, &metrics);
-    SelectObject(dc, old);
-    ReleaseDC(window, dc);
-    return std::max<int>(1, metrics.tmHeight);
 }
 
 } // namespace
@@ -215,32 +208,24 @@ void WinHost::ActivateEditWindow(EditBuffer& buffer) {
 }
 
 void WinHost::RedrawLine(EditBuffer& buffer, int line) {
-    HWND window = static_cast<HWND>(buffer.hwnd);
-    if (window == nullptr) return;
     const int row = line - buffer.topLine;
     if (row < 0 || row > buffer.visibleLines) return;
-    const int height = LineHeightOf(window);
-    RECT client;
-    GetClientRect(window, &client);
-    RECT rowRect = {0, row * height, client.right, (row + 1) * height + 1};
-    InvalidateRect(window, &rowRect, TRUE);
+    PaintEditLinesNow(buffer, line, line, false);
 }
 
 void WinHost::RedrawWindow(EditBuffer& buffer) {
-    if (buffer.hwnd != nullptr) InvalidateRect(static_cast<HWND>(buffer.hwnd), nullptr, TRUE);
+    PaintEditLinesNow(buffer, 0, buffer.lines.lineCount, true);
 }
 
 void WinHost::UpdateCaretAndStatus(EditBuffer& buffer) {
     if (&buffer != TheEditor().engine.currentBuffer) return; // the status shows the current one
-    const LineList& lines = buffer.lines;
-    const int line = buffer.cursor.line;
-    const char* text = line >= 0 && line < lines.lineCount ? lines.lineText[line] : "";
-    char position[32];
-    std::snprintf(position, sizeof position, " %3d : %-3d", line + 1,
-                  DisplayColumn(text, buffer.cursor.column));
-    SetStatusText(0, position, false);
-    SetStatusText(1, "Insert", false);
-    SetStatusText(2, lines.readOnly ? "Readonly" : lines.modified ? "Modified" : "", false);
+    UpdateStatus(buffer);
+    // Placed even when line and column stayed: the view may have moved under the caret.
+    PlaceCaret(buffer);
+}
+
+void WinHost::DrawFoundText(EditBuffer& buffer, int line, int startColumn, int endColumn) {
+    DrawInvertedText(buffer, line, startColumn, endColumn);
 }
 
 void WinHost::ScrollPositionChanged(EditBuffer& buffer) {

@@ -51,6 +51,7 @@ class WinHost : public Host {
     void RedrawWindow(EditBuffer& buffer) override;
     void UpdateCaretAndStatus(EditBuffer& buffer) override;
     void ScrollPositionChanged(EditBuffer& buffer) override;
+    void DrawFoundText(EditBuffer& buffer, int line, int startColumn, int endColumn) override;
 
     std::optional<FileDialogResult> FileDialog(const FileDialogRequest& request) override;
     long LzCopy(std::string_view source, std::string_view target) override;
