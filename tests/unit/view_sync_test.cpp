@@ -7,6 +7,7 @@
 #include "buffer_builder.h"
 #include "commands/command_table.h"
 #include "editor_fixture.h"
+#include "engine/transaction_log.h"
 
 namespace ruvo {
 namespace {
@@ -101,6 +102,50 @@ TEST_F(ViewSyncTest, CaretIsClampedAndScrollingIsReported) {
     EXPECT_EQ(host.scrollUpdates, 3);
     SetCursorAndScroll(*buffer, MakePos(0, 3), 0, 0);
     EXPECT_EQ(host.scrollUpdates, 3);
+}
+
+TEST_F(ViewSyncTest, ScrollBarsAreSetOnlyWhenTheirValuesChange) {
+    TestBuffer buffer("entity e is\nend e;\n\nx");
+    buffer->visibleLines = 2;
+    buffer->visibleColumns = 55;
+    using Calls = std::vector<std::string>;
+    const auto calls = [this] {
+        Calls taken;
+        taken.swap(host.scrollBarCalls);
+        return taken;
+    };
+
+    // The first call sets everything.
+    SetCursorAndScroll(*buffer, MakePos(0, 3), 0, 0);
+    EXPECT_EQ(calls(), (Calls{"V range 0 2", "V pos 0", "H pos 0", "H range 0 200"}));
+    // Moving along the line and to another line of the same length touches nothing.
+    SetCursorAndScroll(*buffer, MakePos(0, 4), 0, 0);
+    EXPECT_TRUE(calls().empty());
+    // Another line length only refreshes the horizontal range.
+    SetCursorAndScroll(*buffer, MakePos(1, 0), 0, 0);
+    EXPECT_EQ(calls(), Calls{"H range 0 200"});
+    // The top line sets range and box together; the left column the box alone.
+    SetCursorAndScroll(*buffer, MakePos(1, 0), 1, 0);
+    EXPECT_EQ(calls(), (Calls{"V range 0 2", "V pos 1"}));
+    SetCursorAndScroll(*buffer, MakePos(1, 0), 1, 3);
+    EXPECT_EQ(calls(), Calls{"H pos 3"});
+
+    // Typing a character changes the line's length; a new line the line count.
+    RecordEdit(*buffer, MakePos(1, 0), MakePos(1, 0), "-", MakePos(1, 1), ScrollTarget{1, 0},
+               MakePos(0, 0), MakePos(0, 0));
+    EXPECT_EQ(calls(), (Calls{"H pos 0", "H range 0 200"}));
+    RecordEdit(*buffer, MakePos(1, 1), MakePos(1, 1), "\n", MakePos(2, 0), ScrollTarget{1, 0},
+               MakePos(0, 0), MakePos(0, 0));
+    EXPECT_EQ(calls(), (Calls{"V range 0 3", "V pos 1", "H range 0 200"}));
+
+    // Values cached for one buffer never count as unchanged for another.
+    TestBuffer other("entity e is\nend e;\n\nx\ny", false);
+    other->visibleLines = 2;
+    other->visibleColumns = 55;
+    SetCursorAndScroll(*other, MakePos(2, 0), 1, 0);
+    EXPECT_EQ(calls(), (Calls{"V range 0 3", "V pos 1", "H pos 0", "H range 0 200"}));
+    SetCursorAndScroll(*buffer, MakePos(2, 0), 1, 0);
+    EXPECT_EQ(calls().size(), 4u);
 }
 
 } // namespace
