@@ -81,19 +81,11 @@ TEST_F(LanguageTableTest, EveryKeyIsReadAndCutToItsLimit) {
 TEST_F(LanguageTableTest, OptionsFilePathIsExpandedAndAMissingFileIsReported) {
     host.SetProfile("Languages", "1", "VHDL");
     host.SetProfile("VHDL", "File", "$INSTALL\\nowhere\\vhdl.lsf");
-    host.SetProfile("VHDL", "Color1", "1 1 1");
     LoadLanguages();
 
-    const LanguageDef& vhdl = LanguageEntry(1);
-    EXPECT_EQ(vhdl.optionsFile, "C:\\ruvo\\nowhere\\vhdl.lsf");
     // The language exists with what was read before the file was needed.
-    EXPECT_EQ(vhdl.name, "VHDL");
-    EXPECT_EQ(vhdl.groups[0].attribute.color, MakeColor(255, 0, 0));
-    ASSERT_TRUE(HasStartupErrors());
-    const LineList* log = editor.settings.startupErrors.lines;
-    ASSERT_NE(log, nullptr);
-    EXPECT_STREQ(log->lineText[log->lineCount - 1],
-                 "Error 2: Cannot open Language Options File file 'C:\\ruvo\\nowhere\\vhdl.lsf'.");
+    EXPECT_EQ(LanguageEntry(1).name, "VHDL");
+    EXPECT_EQ(LanguageEntry(1).optionsFile, "C:\\ruvo\\nowhere\\vhdl.lsf");
     EXPECT_EQ(editor.settings.startupErrors.errorCount, 1);
 }
 
@@ -146,28 +138,6 @@ TEST_F(LanguageTableTest, SaveWritesEveryKeyInItsOrderAndEmptiesTheRestOfTheList
     EXPECT_EQ(std::vector<std::string>(writes.end() - 4, writes.end()),
               (std::vector<std::string>{
                   "[Languages] 2=", "[Languages] 3=", "[Languages] 4=", "[Languages] 5="}));
-}
-
-TEST_F(LanguageTableTest, SavedTableLoadsBackTheSame) {
-    host.SetProfile("Languages", "1", "A");
-    host.SetProfile("Languages", "2", "B");
-    host.SetProfile("A", "Extension", "a");
-    host.SetProfile("B", "Extension", "b,bb");
-    host.SetProfile("B", "CaseSensitive", "no");
-    host.SetProfile("B", "StringsColor", "12 34 56");
-    LoadLanguages();
-    LanguageEntry(2).groups[3].attribute = {5, MakeColor(1, 2, 3)};
-    SaveLanguages();
-    LanguageEntry(2).name.clear();
-
-    LoadLanguages();
-    const LanguageDef& b = LanguageEntry(2);
-    EXPECT_EQ(b.name, "B");
-    EXPECT_EQ(b.extensions, "b,bb");
-    EXPECT_FALSE(b.caseSensitive);
-    EXPECT_EQ(b.strings.color, MakeColor(12, 34, 56));
-    EXPECT_EQ(b.groups[3].attribute.typeface, 0); // not read back: this language has no File
-    EXPECT_EQ(UsedLanguageCount(), 3);
 }
 
 TEST_F(LanguageTableTest, LastExtensionMustMatchExactlyOthersArePrefixes) {
