@@ -92,8 +92,9 @@ TEST_F(DocumentsOpenTest, OpeningTheSameFileTwiceOffersAReadOnlyCopy) {
     ASSERT_NE(copy, first);
     EXPECT_EQ(copy->lines.readOnly, 1);
     EXPECT_EQ(LinesOf(*copy), (Lines{"x"}));
-    EXPECT_EQ(SaveFile(), 0);
+    EXPECT_EQ(SaveFile(), 0); // refused with a beep
     EXPECT_EQ(host.statusPanes[4], "Window is opened readonly.");
+    EXPECT_TRUE(host.statusTexts.back().beep);
 }
 
 TEST_F(DocumentsOpenTest, MissingFileAsksBeforeCreating) {

@@ -107,17 +107,6 @@ TEST_F(FileSavingTest, SuccessfulSaveClearsModifiedAndTheUndoLog) {
     EXPECT_GT(buffer.fileTime, 0);
 }
 
-TEST_F(FileSavingTest, ReadOnlyBufferRefusesWithABeep) {
-    const std::string path = folder.File("ro.vhd");
-    WriteBytes(path, "keep");
-    ASSERT_EQ(openFile(path, 0, 1, KindDocument), 0);
-    EditBuffer& buffer = *Current();
-    EXPECT_EQ(saveBuffer(buffer.fileName, buffer), 0);
-    EXPECT_EQ(host.statusPanes[4], "Window is opened readonly.");
-    EXPECT_TRUE(host.statusTexts.back().beep);
-    EXPECT_EQ(ReadBytes(path), "keep");
-}
-
 TEST_F(FileSavingTest, UnwritableTargetKeepsTheBufferAndItsName) {
     const std::string path = folder.File("gone/x.vhd"); // the folder does not exist
     ASSERT_EQ(openFile(path, 1, 0, KindDocument), 0);
