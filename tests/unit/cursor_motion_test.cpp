@@ -45,8 +45,12 @@ void Walk(TestBuffer& buffer, TextPos start, const std::vector<Step>& steps) {
 TEST_F(CursorMotionTest, CharactersStepAcrossLineEndsAndStopAtTheDocumentEnds) {
     TestBuffer buffer("ab\ncd");
     Walk(buffer, {0, 2},
-         {{GoCharRight, {1, 0}}, {GoCharLeft, {0, 2}}, {GoBeginDoc, {0, 0}}, {GoCharLeft, {0, 0}},
-          {GoEndDoc, {1, 2}}, {GoCharRight, {1, 2}}});
+         {{GoCharRight, {1, 0}},
+          {GoCharLeft, {0, 2}},
+          {GoBeginDoc, {0, 0}},
+          {GoCharLeft, {0, 0}},
+          {GoEndDoc, {1, 2}},
+          {GoCharRight, {1, 2}}});
 }
 
 TEST_F(CursorMotionTest, LineMovesKeepTheScreenColumnAcrossTabsAndShortLines) {
@@ -54,8 +58,12 @@ TEST_F(CursorMotionTest, LineMovesKeepTheScreenColumnAcrossTabsAndShortLines) {
     TestBuffer buffer("\tab\nabcdefgh\nxy");
     // The tab fills columns 0..3, a is 4, b is 5; the short line ends first.
     Walk(buffer, {1, 5},
-         {{GoLineUp, {0, 2}}, {GoLineDown, {1, 5}}, {GoLineDown, {2, 2}}, {GoLineDown, {2, 2}},
-          {GoBeginDoc, {0, 0}}, {GoLineUp, {0, 0}}});
+         {{GoLineUp, {0, 2}},
+          {GoLineDown, {1, 5}},
+          {GoLineDown, {2, 2}},
+          {GoLineDown, {2, 2}},
+          {GoBeginDoc, {0, 0}},
+          {GoLineUp, {0, 0}}});
 }
 
 TEST_F(CursorMotionTest, WordsTreatUnderscoresAsSeparators) {
@@ -71,23 +79,33 @@ TEST_F(CursorMotionTest, WordsTreatUnderscoresAsSeparators) {
     // the underscore like a blank; the end of the document stays put.
     TestBuffer right("foo_bar baz\n  next;\n_x");
     Walk(right, {0, 0},
-         {{GoWordRight, {0, 8}}, {GoWordRight, {1, 2}}, {GoWordRight, {1, 7}},
-          {GoWordRight, {2, 1}}, {GoWordRight, {2, 2}}, {GoWordRight, {2, 2}}});
+         {{GoWordRight, {0, 8}},
+          {GoWordRight, {1, 2}},
+          {GoWordRight, {1, 7}},
+          {GoWordRight, {2, 1}},
+          {GoWordRight, {2, 2}},
+          {GoWordRight, {2, 2}}});
 }
 
 TEST_F(CursorMotionTest, LinesPagesAndTheDocumentMoveCaretAndWindowTogether) {
     TestBuffer buffer(NumberedLines(50));
     buffer->visibleLines = 20;
     Walk(buffer, {7, 3},
-         {{GoEndLine, {7, 6}}, {GoBeginLine, {7, 0}}, {GoEndDoc, {49, 7}, 30},
+         {{GoEndLine, {7, 6}},
+          {GoBeginLine, {7, 0}},
+          {GoEndDoc, {49, 7}, 30},
           {GoBeginDoc, {0, 0}, 0}});
 
     // Near the end a page down goes to the end of the last line; less than a page from the
     // top a page up goes to the start of the document.
     buffer->visibleLines = 10;
     Walk(buffer, {2, 4},
-         {{GoPageDown, {12, 4}, 10}, {GoPageDown, {22, 4}, 20}, {GoPageDown, {32, 4}, 30},
-          {GoPageDown, {42, 4}, 40}, {GoPageDown, {49, 7}, 40}, {GoPageUp, {39, 7}, 30}});
+         {{GoPageDown, {12, 4}, 10},
+          {GoPageDown, {22, 4}, 20},
+          {GoPageDown, {32, 4}, 30},
+          {GoPageDown, {42, 4}, 40},
+          {GoPageDown, {49, 7}, 40},
+          {GoPageUp, {39, 7}, 30}});
     Walk(buffer, {6, 3}, {{GoPageUp, {0, 0}, 0}});
 
     TestBuffer shortText("one\ntwo\nthree");
@@ -126,8 +144,14 @@ TEST_F(CursorMotionTest, UndoWalksBackThroughCaretPositionsEvenWhenReadOnly) {
     buffer.PlaceCaret(1, 1);
     ResetTransactionLog(*buffer); // the log starts from this caret
     Walk(buffer, {1, 1},
-         {{GoCharRight, {1, 2}}, {GoLineDown, {2, 2}}, {GoEndLine, {2, 5}}, {EditUndo, {2, 2}},
-          {EditUndo, {1, 2}}, {EditUndo, {1, 1}}, {EditRedo, {1, 2}}, {GoWordLeft, {1, 0}}});
+         {{GoCharRight, {1, 2}},
+          {GoLineDown, {2, 2}},
+          {GoEndLine, {2, 5}},
+          {EditUndo, {2, 2}},
+          {EditUndo, {1, 2}},
+          {EditUndo, {1, 1}},
+          {EditRedo, {1, 2}},
+          {GoWordLeft, {1, 0}}});
 }
 
 TEST_F(CursorMotionTest, GoToPosClampsAndKeepsTheSelection) {

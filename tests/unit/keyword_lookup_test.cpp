@@ -33,11 +33,11 @@ TEST_F(KeywordLookupTest, WordMatchesOnlyAtAnIdentifierBoundaryAndByTheCaseRules
     Group(2, {"std_logic", "std_logic_vector", "std_ulogic", "stdout", "std", "s"});
     // The text must start with a letter; words that start with another word are found.
     const std::pair<const char*, int> cases[] = {
-        {"end;", 3},         {"end", 3},      {"end-- c", 3},   {"ending", 0},
-        {"end_x", 0},        {"end2", 0},     {"en", 0},        {"ending_x", 8},
-        {"elsif(a)", 5},     {"else\tx", 4},  {" end", 0},      {"", 0},
-        {"std_logic)", 9},   {"std)", 3},     {"s.x", 1},       {"std_logic_vector)", 16},
-        {"std_logic_vec", 0}, {"std_", 0},    {"stdout", 6},    {"std_ulogic", 10},
+        {"end;", 3},          {"end", 3},     {"end-- c", 3}, {"ending", 0},
+        {"end_x", 0},         {"end2", 0},    {"en", 0},      {"ending_x", 8},
+        {"elsif(a)", 5},      {"else\tx", 4}, {" end", 0},    {"", 0},
+        {"std_logic)", 9},    {"std)", 3},    {"s.x", 1},     {"std_logic_vector)", 16},
+        {"std_logic_vec", 0}, {"std_", 0},    {"stdout", 6},  {"std_ulogic", 10},
     };
     for (const auto& [text, length] : cases)
         EXPECT_EQ(Length(text), length) << text;

@@ -146,12 +146,23 @@ TEST_F(LanguageTableTest, LastExtensionMustMatchExactlyOthersArePrefixes) {
     // "vhd" is followed by a comma: a prefix; the last item "v" is exact; an empty item matches
     // nothing; case matters; the extension starts at the first dot of the last component.
     const std::pair<const char*, const char*> cases[] = {
-        {"a.vhd", "VHDL"},       {"a.vhdl", "VHDL"},           {"a.vhdx", "VHDL"},
-        {"a.VHD", "None"},       {"a.v", "Verilog"},           {"a.vh", "Verilog"},
-        {"a.vo", "None"},        {"a.txt", "Text"},            {"a.tx", "None"},
-        {"Makefile", "None"},    {"", "None"},                 {"a.", "None"},
-        {"top.v.bak", "None"},   {"c:\\my.dir/top.vhd", "VHDL"}, {"c:\\src.v\\top", "None"},
-        {"top.vhd.bak", "VHDL"}, {"a_base_name_well_beyond_thirty_characters.vhd", "VHDL"},
+        {"a.vhd", "VHDL"},
+        {"a.vhdl", "VHDL"},
+        {"a.vhdx", "VHDL"},
+        {"a.VHD", "None"},
+        {"a.v", "Verilog"},
+        {"a.vh", "Verilog"},
+        {"a.vo", "None"},
+        {"a.txt", "Text"},
+        {"a.tx", "None"},
+        {"Makefile", "None"},
+        {"", "None"},
+        {"a.", "None"},
+        {"top.v.bak", "None"},
+        {"c:\\my.dir/top.vhd", "VHDL"},
+        {"c:\\src.v\\top", "None"},
+        {"top.vhd.bak", "VHDL"},
+        {"a_base_name_well_beyond_thirty_characters.vhd", "VHDL"},
     };
     for (const auto& [file, language] : cases)
         EXPECT_EQ(LanguageOf(file), language) << file;

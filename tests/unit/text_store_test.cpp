@@ -172,8 +172,8 @@ TEST_F(TextStoreTest, PositionsAreClampedAndSteppedAcrossLines) {
     EXPECT_EQ(ClampTopLine(*buffer, 5), 0);
 
     // Steps cross line ends and stop at the ends of the text.
-    const std::pair<TextPos, TextPos> next[] = {{{0, 2}, {0, 3}}, {{0, 3}, {1, 0}},
-                                                {{1, 0}, {2, 0}}, {{3, 4}, {3, 4}}};
+    const std::pair<TextPos, TextPos> next[] = {
+        {{0, 2}, {0, 3}}, {{0, 3}, {1, 0}}, {{1, 0}, {2, 0}}, {{3, 4}, {3, 4}}};
     for (const auto& [from, to] : next) {
         EXPECT_EQ(NextPos(*buffer, from), to);
         if (!(from == to)) {

@@ -210,10 +210,16 @@ TEST_F(TransactionLogTest, ScrollCodesKeepTheCaretInView) {
         int32_t line, topCode, expectedTop;
     };
     // ScrollKeep never leaves the caret below the window.
-    for (const Case& c : {Case{50, ScrollShow, 41}, {45, ScrollShow, 41}, {30, ScrollShow, 30},
-                          {35, ScrollCentreIfHidden, 30}, {70, ScrollCentreIfHidden, 65},
-                          {68, ScrollCentre, 63}, {2, ScrollCentre, 0}, {40, ScrollKeep, 31},
-                          {40, 5, 31}, {40, 35, 35}}) {
+    for (const Case& c : {Case{50, ScrollShow, 41},
+                          {45, ScrollShow, 41},
+                          {30, ScrollShow, 30},
+                          {35, ScrollCentreIfHidden, 30},
+                          {70, ScrollCentreIfHidden, 65},
+                          {68, ScrollCentre, 63},
+                          {2, ScrollCentre, 0},
+                          {40, ScrollKeep, 31},
+                          {40, 5, 31},
+                          {40, 35, 35}}) {
         MoveCaret(buffer, MakePos(c.line, 0), ScrollTarget{c.topCode, ScrollKeep});
         EXPECT_EQ(buffer->topLine, c.expectedTop) << c.line << " " << c.topCode;
     }
@@ -226,8 +232,11 @@ TEST_F(TransactionLogTest, ScrollCodesKeepTheCaretInView) {
         int32_t column, leftCode, expectedLeft;
     };
     // One past the edge is allowed with a given value.
-    for (const ColumnCase& c : {ColumnCase{6, ScrollShow, 8}, {0, ScrollShow, 0}, {6, 7, 7},
-                                {6, 3, 8}, {2, ScrollKeep, 8}}) {
+    for (const ColumnCase& c : {ColumnCase{6, ScrollShow, 8},
+                                {0, ScrollShow, 0},
+                                {6, 7, 7},
+                                {6, 3, 8},
+                                {2, ScrollKeep, 8}}) {
         MoveCaret(buffer, MakePos(100, c.column), ScrollTarget{ScrollKeep, c.leftCode});
         EXPECT_EQ(buffer->leftColumn, c.expectedLeft) << c.column << " " << c.leftCode;
     }
