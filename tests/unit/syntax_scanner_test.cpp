@@ -16,7 +16,6 @@ namespace {
 class SyntaxScannerTest : public EditorTest {
   protected:
     SyntaxScannerTest() {
-        language.name = "VHDL";
         language.lineComment = "--";
         language.beginComment = "/*";
         language.endComment = "*/";
@@ -28,7 +27,6 @@ class SyntaxScannerTest : public EditorTest {
         AddWords(0, {"end", "if", "then", "signal", "process", "is", "a"});
         AddWords(1, {"std_logic", "integer"});
         language.groups[0].attribute.color = MakeColor(5, 5, 5);
-        language.groups[1].attribute.color = MakeColor(6, 6, 6);
         EXPECT_TRUE(language.expanderNames.Append("sl"));
         EXPECT_TRUE(language.expanderValues.Append("std_logic"));
         EXPECT_TRUE(language.expanderNames.Append("e if"));
