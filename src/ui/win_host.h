@@ -63,6 +63,14 @@ class WinHost : public Host {
     void RecentFilesChanged(const std::vector<std::string>& labels) override;
     void ArrangeEditWindows(WindowArrangement how) override;
 
+    // Edit window input (win_host_input.cpp).
+    void SetScrollBarRange(EditBuffer& buffer, bool vertical, int min, int max) override;
+    void SetScrollBarPos(EditBuffer& buffer, bool vertical, int pos) override;
+    void ScrollWindowLines(EditBuffer& buffer, int lines) override;
+    void MoveCaret(EditBuffer& buffer) override;
+    void RecreateCaret(EditBuffer& buffer) override;
+    void NudgePointer(bool down) override;
+
   private:
     int busyDepth_ = 0;
     HCURSOR cursorBeforeBusy_ = nullptr;
