@@ -33,11 +33,11 @@ bool PaneIsShown(int index) {
 void Layout(HWND window) {
     RECT client;
     GetClientRect(window, &client);
+    // The unit is the window's own font (the system font), wider than the panes' text font,
+    // so that "Overwrite" fits its pane.
     HDC dc = GetDC(window);
-    HGDIOBJ oldFont = SelectObject(dc, GetStockObject(ANSI_VAR_FONT));
     TEXTMETRICA metrics;
     GetTextMetricsA(dc, &metrics);
-    SelectObject(dc, oldFont);
     ReleaseDC(window, dc);
 
     const int w = metrics.tmAveCharWidth;
