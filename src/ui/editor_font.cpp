@@ -62,8 +62,16 @@ void MeasureEditWindow(EditBuffer& buffer) {
 }
 
 void ReapplyEditorFont() {
-    if (!CreateEditorFont()) return;
+    if (CreateEditorFont()) RefreshEditWindows();
+}
+
+void RefreshEditWindows() {
     (void)forEachBuffer([](EditBuffer& buffer) {
+        if (HWND window = static_cast<HWND>(buffer.hwnd)) {
+            HDC dc = GetDC(window);
+            SelectObject(dc, EditorFont());
+            ReleaseDC(window, dc);
+        }
         MeasureEditWindow(buffer);
         TheEditor().host.RedrawWindow(buffer);
         return 1;

@@ -18,8 +18,10 @@ HFONT EditorFont();
 void DestroyEditorFont();
 // Takes the font's cell and the window's client size into the buffer's metric fields.
 void MeasureEditWindow(EditBuffer& buffer);
-// After Font or FontSize changed: a new font for every window, measured and repainted, and
-// the caret of the active window made again.
+// After Font or FontSize changed: a new font for every window, then RefreshEditWindows.
 void ReapplyEditorFont();
+// After the font or the line-number setting changed: every window measured and repainted, and
+// the caret of the focused one made again.
+void RefreshEditWindows();
 
 } // namespace ruvo
