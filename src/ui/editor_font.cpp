@@ -67,12 +67,7 @@ void ReapplyEditorFont() {
 
 void RefreshEditWindows() {
     (void)forEachBuffer([](EditBuffer& buffer) {
-        if (HWND window = static_cast<HWND>(buffer.hwnd)) {
-            HDC dc = GetDC(window);
-            SelectObject(dc, EditorFont());
-            ReleaseDC(window, dc);
-        }
-        MeasureEditWindow(buffer);
+        MeasureEditWindow(buffer); // selects the new font into the class DC as well
         TheEditor().host.RedrawWindow(buffer);
         return 1;
     });
