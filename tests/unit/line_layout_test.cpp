@@ -2,12 +2,14 @@
 // selection and tabs, the caret's place, error markers and the found-text highlight.
 #include "engine/line_layout.h"
 
+#include <random>
 #include <string>
 #include <vector>
 
 #include "buffer_builder.h"
 #include "editor_fixture.h"
 #include "engine/found_text.h"
+#include "engine/text_store.h"
 #include "lang/keyword_lookup.h"
 
 namespace ruvo {
@@ -206,6 +208,57 @@ TEST_F(LineLayoutTest, RowsAreColouredAndSplitAtTheSelection) {
     LayOutRow(*empty, 0, layout);
     EXPECT_EQ(layout.count, 0);
     EXPECT_EQ(layout.endColumn, 0);
+}
+
+// For any selection, a row's segments cover the line once in order, exactly the selected
+// bytes are inverted, and each segment starts at the screen column of its first byte.
+TEST_F(LineLayoutTest, RandomSelectionsInvertExactlyTheSelectedBytes) {
+    std::mt19937 random(7);
+    const char alphabet[] = "entity is end signal -- x\t\"'ab";
+    std::string text;
+    for (int line = 0; line < 8; ++line) {
+        if (line > 0) text += '\n';
+        const int length = static_cast<int>(random() % 40);
+        for (int i = 0; i < length; ++i)
+            text += alphabet[random() % (sizeof alphabet - 1)];
+    }
+    TestBuffer buffer(text);
+    buffer->language = &language;
+    Measure(*buffer);
+    RowLayout layout;
+    for (int round = 0; round < 400; ++round) {
+        editor.settings.options.tabSize = 1 + static_cast<int>(random() % 8);
+        editor.settings.options.colors = random() % 4 != 0;
+        const auto anyPos = [&] {
+            const int32_t line = static_cast<int32_t>(random() % 8);
+            const int32_t length =
+                static_cast<int32_t>(std::string_view(buffer->lines.lineText[line]).size());
+            return MakePos(line, static_cast<int32_t>(random() % (length + 1)));
+        };
+        buffer.Select(anyPos(), anyPos());
+        for (int32_t line = 0; line < 8; ++line) {
+            const char* chars = buffer->lines.lineText[line];
+            LayOutRow(*buffer, line, layout);
+            int32_t covered = 0;
+            for (int i = 0; i < layout.count; ++i) {
+                const RowSegment& segment = layout.segments[i];
+                ASSERT_EQ(segment.start, covered) << round;
+                ASSERT_GT(segment.length, 0);
+                EXPECT_EQ(segment.displayColumn, DisplayColumn(chars, segment.start));
+                for (int32_t at = segment.start; at < segment.start + segment.length; ++at) {
+                    const TextPos pos = MakePos(line, at);
+                    const bool selected =
+                        PosLessOrEqual(buffer->selStart, pos) && PosLess(pos, buffer->selEnd);
+                    ASSERT_EQ(segment.inverted, selected) << round << " line " << line;
+                }
+                covered += segment.length;
+            }
+            EXPECT_EQ(covered, static_cast<int32_t>(std::string_view(chars).size()));
+            EXPECT_EQ(layout.endColumn, DisplayColumn(chars, covered));
+            EXPECT_EQ(layout.fillBlack,
+                      buffer->selStart.line <= line && line < buffer->selEnd.line);
+        }
+    }
 }
 
 TEST_F(LineLayoutTest, TabsExpandFromTheTextsOwnColumnZero) {
