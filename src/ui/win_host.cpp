@@ -228,12 +228,9 @@ void WinHost::DrawFoundText(EditBuffer& buffer, int line, int startColumn, int e
     DrawInvertedText(buffer, line, startColumn, endColumn);
 }
 
-void WinHost::ScrollPositionChanged(EditBuffer& buffer) {
-    HWND window = static_cast<HWND>(buffer.hwnd);
-    if (window == nullptr) return;
-    SetScrollPos(window, SB_VERT, buffer.topLine, TRUE);
-    SetScrollPos(window, SB_HORZ, buffer.leftColumn, TRUE);
-    InvalidateRect(window, nullptr, TRUE);
+void WinHost::ScrollPositionChanged(EditBuffer&) {
+    // Nothing left to do: the scroll boxes follow through SetScrollBarPos when their values
+    // change, and the edit that scrolled repaints the window itself.
 }
 
 // --- Recent files ----------------------------------------------------------------------------

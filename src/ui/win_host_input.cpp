@@ -22,16 +22,29 @@ int Bar(bool vertical) {
 
 } // namespace
 
+// Redrawing a scroll bar costs more than painting a line of text, so a bar that already
+// shows the values is left alone.
 void WinHost::SetScrollBarRange(EditBuffer& buffer, bool vertical, int min, int max) {
     HWND window = WindowOf(buffer);
     if (window == nullptr) return;
     // A text shorter than the window has nothing to scroll; an empty range hides the bar.
-    ::SetScrollRange(window, Bar(vertical), min, std::max(min, max), TRUE);
+    max = std::max(min, max);
+    SCROLLINFO shown{};
+    shown.cbSize = sizeof shown;
+    shown.fMask = SIF_RANGE;
+    if (::GetScrollInfo(window, Bar(vertical), &shown) && shown.nMin == min && shown.nMax == max)
+        return;
+    ::SetScrollRange(window, Bar(vertical), min, max, TRUE);
 }
 
 void WinHost::SetScrollBarPos(EditBuffer& buffer, bool vertical, int pos) {
     HWND window = WindowOf(buffer);
-    if (window != nullptr) ::SetScrollPos(window, Bar(vertical), pos, TRUE);
+    if (window == nullptr) return;
+    SCROLLINFO shown{};
+    shown.cbSize = sizeof shown;
+    shown.fMask = SIF_POS;
+    if (::GetScrollInfo(window, Bar(vertical), &shown) && shown.nPos == pos) return;
+    ::SetScrollPos(window, Bar(vertical), pos, TRUE);
 }
 
 void WinHost::ScrollWindowLines(EditBuffer& buffer, int lines) {
