@@ -28,6 +28,8 @@
 //   type TEXT                 sends each character of TEXT as WM_CHAR to the active child
 //   move X Y WIDTH HEIGHT     moves and sizes the frame like a user would
 //   show max|min|restore      maximises, minimises or restores the frame
+//   foreground                makes the frame the foreground window, so that real key
+//                             presses reach its active edit window
 //   hand-over PATH            what a second start does: PATH as a global atom in WM_USER+101
 //   clipboard                 the CF_TEXT clipboard contents, lines joined with "\n"
 //   close                     posts WM_CLOSE to the frame
@@ -367,6 +369,16 @@ size_t Run(const std::vector<std::string>& args, size_t at) {
         GlobalDeleteAtom(atom);
         std::printf("hand-over ok\n");
         return at + 2;
+    }
+    if (name == "foreground") {
+        HWND frame = RequireFrame();
+        if (IsIconic(frame)) ShowWindow(frame, SW_RESTORE);
+        SetForegroundWindow(frame);
+        if (!WaitFor(10, [frame] { return GetForegroundWindow() == frame; })) {
+            Fail("the frame did not become the foreground window");
+        }
+        std::printf("foreground ok\n");
+        return at + 1;
     }
     if (name == "clipboard") {
         PrintClipboard();

@@ -1,0 +1,2 @@
+entity top is
+end entity top;

@@ -1,0 +1,3 @@
+entity top is
+  port (clk : in bit);
+end entity top;
