@@ -24,7 +24,8 @@ mkdir -p "$work"
 cp "${inputs[0]}" "$work/$name.$extension"
 
 e2e_start_ruvo "C:\\work\\$name.$extension"
-e2e_driver wait-frame "$E2E_TIMEOUT"
+# Real key presses go to the foreground window.
+e2e_driver wait-frame "$E2E_TIMEOUT" foreground
 while IFS= read -r line || [[ -n $line ]]; do
     [[ $line =~ ^[[:space:]]*(#|$) ]] && continue
     verb=${line%% *}
