@@ -212,7 +212,6 @@ HWND CreateEditWindowFor(EditBuffer& buffer) {
     create.cx = CW_USEDEFAULT;
     create.cy = CW_USEDEFAULT;
     create.style = (maximize ? WS_MAXIMIZE : 0) | WS_VSCROLL | WS_HSCROLL;
-    create.lParam = reinterpret_cast<LPARAM>(&buffer);
     Input().bufferBeingCreated = &buffer;
     HWND window = reinterpret_cast<HWND>(
         SendMessageA(shell.mdiClient, WM_MDICREATE, 0, reinterpret_cast<LPARAM>(&create)));
