@@ -428,6 +428,19 @@ TEST_F(EditInputTest, DragBelowTheWindowScrollsOneLinePerMoveUntilTheLastLine) {
     EXPECT_EQ(buffer->topLine, 20);
 }
 
+TEST_F(EditInputTest, DragFromTheLastFullRowScrollsAtTheFirstMoveBelow) {
+    TestBuffer buffer(Lines(30));
+    buffer->marginColumns = Margin;
+    buffer->visibleLines = 10;
+    EXPECT_TRUE(ButtonPressed(*buffer, At(*buffer, 9, 1), false, false));
+    PointerMoved(*buffer, At(*buffer, 10, 1));
+    EXPECT_EQ(buffer->topLine, 1);
+    EXPECT_EQ(buffer->cursor, MakePos(11, 1));
+    EXPECT_EQ(host.pointerNudges.size(), 1u);
+    EXPECT_TRUE(ButtonReleased(*buffer));
+    EXPECT_EQ(buffer->topLine, 2); // the release shows the caret's line whole
+}
+
 TEST_F(EditInputTest, DragAboveTheWindowScrollsUpToTheFirstLine) {
     TestBuffer buffer(Lines(40));
     buffer->marginColumns = Margin;

@@ -61,6 +61,8 @@ TEST_F(ScrollTest, ColumnsStopAtZeroAndOnlyExactlyAt255) {
     // From 250 a page to the right goes past 255: only 255 itself is a stop.
     EXPECT_EQ(ScrollColumns(*buffer, 80), 80);
     EXPECT_EQ(buffer->leftColumn, 330);
+    EXPECT_EQ(ScrollColumns(*buffer, 1), 1);
+    EXPECT_EQ(ScrollColumns(*buffer, -1), -1);
     EXPECT_EQ(ScrollColumns(*buffer, -75), -75);
     EXPECT_EQ(buffer->leftColumn, 255);
     EXPECT_EQ(ScrollColumns(*buffer, 1), 0);
