@@ -16,10 +16,8 @@ namespace ruvo {
 namespace {
 
 std::string MakeHdl(int lines) {
-    static const char* const unit[] = {"entity reg is",
-                                       "  port (clk : in std_logic;",
-                                       "\td : in std_logic_vector(31 downto 0));",
-                                       "end reg;"};
+    static const char* const unit[] = {"entity reg is", "  port (clk : in std_logic;",
+                                       "\td : in std_logic_vector(31 downto 0));", "end reg;"};
     std::string text;
     for (int i = 0; i < lines; ++i) {
         if (i > 0) text += '\n';

@@ -127,10 +127,9 @@ void TypeChar(EditBuffer& buffer, int character) {
     } else {
         const TextPos after = MakePos(caret.line, caret.column + 1);
         // At the line end there is nothing to overwrite: the character is inserted.
-        const bool replaces = TheEditor().engine.overwriteMode &&
-                              caret.column < LineLength(buffer, caret.line);
-        RecordEdit(buffer, caret, replaces ? after : caret, text, after, ShowCaret, Origin,
-                   Origin);
+        const bool replaces =
+            TheEditor().engine.overwriteMode && caret.column < LineLength(buffer, caret.line);
+        RecordEdit(buffer, caret, replaces ? after : caret, text, after, ShowCaret, Origin, Origin);
     }
     buffer.anchor = buffer.cursor;
 }
@@ -180,9 +179,9 @@ void DragTo(EditBuffer& buffer, int32_t line, int screenColumn) {
 
     // Nudging the pointer makes the system send another move, so a drag held outside the
     // window keeps scrolling without a timer, until the caret reaches the end it moves to.
-    const bool more = (direction == Direction::Up && buffer.cursor.line > 0) ||
-                      (direction == Direction::Down &&
-                       buffer.cursor.line < buffer.lines.lineCount - 1);
+    const bool more =
+        (direction == Direction::Up && buffer.cursor.line > 0) ||
+        (direction == Direction::Down && buffer.cursor.line < buffer.lines.lineCount - 1);
     if (more) {
         bool& down = Input().jiggleDown;
         host.NudgePointer(down);

@@ -199,9 +199,8 @@ HWND CreateEditWindowFor(EditBuffer& buffer) {
     BOOL activeMaximized = FALSE;
     const HWND active = reinterpret_cast<HWND>(SendMessageA(
         shell.mdiClient, WM_MDIGETACTIVE, 0, reinterpret_cast<LPARAM>(&activeMaximized)));
-    const bool maximize = active != nullptr
-                              ? activeMaximized != FALSE
-                              : TheEditor().settings.options.firstChildMaximized;
+    const bool maximize = active != nullptr ? activeMaximized != FALSE
+                                            : TheEditor().settings.options.firstChildMaximized;
 
     MDICREATESTRUCTA create{};
     create.szClass = EditClassName;

@@ -285,8 +285,8 @@ TEST_F(EditInputTest, PointsBecomeLinesAndColumnsWithHalfCharacterRounding) {
     buffer->marginColumns = Margin;
     const int textLeft = Margin * CharWidth;
     EXPECT_EQ(PointToPos(*buffer, textLeft, 0), (ScreenPoint{0, 0}));
-    EXPECT_EQ(PointToPos(*buffer, textLeft + 3, 14), (ScreenPoint{0, 0}));  // left half
-    EXPECT_EQ(PointToPos(*buffer, textLeft + 4, 15), (ScreenPoint{1, 1}));  // right half
+    EXPECT_EQ(PointToPos(*buffer, textLeft + 3, 14), (ScreenPoint{0, 0})); // left half
+    EXPECT_EQ(PointToPos(*buffer, textLeft + 4, 15), (ScreenPoint{1, 1})); // right half
     EXPECT_EQ(PointToPos(*buffer, textLeft + 20, 44), (ScreenPoint{2, 3}));
     EXPECT_EQ(PointToPos(*buffer, 0, 0).screenColumn, -7); // in the margin
 
@@ -490,7 +490,7 @@ TEST_F(EditInputTest, MessageWindowsHandTheCaretLineToTheCompilerSupport) {
     report->marginColumns = Margin;
 
     HandleKey(*report, KeyDown, false, false);
-    HandleKey(*report, 16, false, false); // Shift alone is a key in range too
+    HandleKey(*report, 16, false, false);  // Shift alone is a key in range too
     HandleKey(*report, 112, false, false); // F1 is not
     EXPECT_EQ(followed, (std::vector<std::string>{"show", "show"}));
     EXPECT_EQ(report->cursor.line, 1);

@@ -79,11 +79,9 @@ TEST_F(ScrollTest, VerticalBarCodesMoveTheWindowsPixels) {
         int thumb;
         int expectedTop;
     } steps[] = {
-        {BarCode::LineDown, 0, 1},      {BarCode::PageDown, 0, 11},
-        {BarCode::LineUp, 0, 10},       {BarCode::PageUp, 0, 0},
-        {BarCode::ThumbTrack, 42, 42},  {BarCode::ThumbPosition, 37, 37},
-        {BarCode::Bottom, 0, 90},       {BarCode::Top, 0, 0},
-        {BarCode::ThumbTrack, 500, 90},
+        {BarCode::LineDown, 0, 1}, {BarCode::PageDown, 0, 11},    {BarCode::LineUp, 0, 10},
+        {BarCode::PageUp, 0, 0},   {BarCode::ThumbTrack, 42, 42}, {BarCode::ThumbPosition, 37, 37},
+        {BarCode::Bottom, 0, 90},  {BarCode::Top, 0, 0},          {BarCode::ThumbTrack, 500, 90},
     };
     int32_t top = 0;
     for (const auto& step : steps) {
@@ -98,7 +96,7 @@ TEST_F(ScrollTest, VerticalBarCodesMoveTheWindowsPixels) {
     // Codes without a movement, and a movement that is not possible, touch nothing.
     host.scrolledWindowLines.clear();
     EXPECT_EQ(ScrollByBar(*buffer, true, static_cast<BarCode>(8), 0), 0); // end of scroll
-    EXPECT_EQ(ScrollByBar(*buffer, true, BarCode::LineDown, 0), 0); // at the last page
+    EXPECT_EQ(ScrollByBar(*buffer, true, BarCode::LineDown, 0), 0);       // at the last page
     EXPECT_TRUE(host.scrolledWindowLines.empty());
     EXPECT_TRUE(BarCalls().empty());
     EXPECT_TRUE(host.redrawnWindows.empty()); // vertical scrolling never repaints it all
