@@ -1,6 +1,11 @@
-// Handlers of commands whose subsystems are not built yet. Each is its own function so that
-// the handler lookup by address still tells the rows apart.
+// Handlers of the about box and the Window menu, and of commands whose subsystems are not
+// built yet. Each is its own function so that the handler lookup by address still tells the
+// rows apart.
 #include "commands/pending_commands.h"
+
+#include "engine/editor.h"
+#include "host/host.h"
+#include "settings/program_version.h"
 
 namespace ruvo {
 
@@ -77,6 +82,7 @@ int LeonardoOptions() {
     return 0;
 }
 int About() {
+    TheEditor().host.AboutBox(AboutLines());
     return 0;
 }
 int ToolOptions() {
@@ -116,20 +122,26 @@ int DisplayHelpfile5() {
     return 0;
 }
 int WindowCascade() {
+    TheEditor().host.ArrangeEditWindows(Host::WindowArrangement::Cascade);
     return 0;
 }
 int WindowTileVertical() {
+    TheEditor().host.ArrangeEditWindows(Host::WindowArrangement::TileVertical);
     return 0;
 }
 int WindowTileHorizontal() {
+    TheEditor().host.ArrangeEditWindows(Host::WindowArrangement::TileHorizontal);
     return 0;
 }
 int WindowNext() {
+    TheEditor().host.ArrangeEditWindows(Host::WindowArrangement::Next);
     return 0;
 }
 int WindowPrevious() {
+    TheEditor().host.ArrangeEditWindows(Host::WindowArrangement::Previous);
     return 0;
 }
+// Edit windows close through their own system menu or the frame's close, which ask to save.
 int WindowClose() {
     return 0;
 }

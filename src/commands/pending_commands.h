@@ -1,4 +1,5 @@
-// Handlers of commands whose subsystems are not built yet: each does nothing and returns 0.
+// Handlers of the about box, the Window menu, and of commands whose subsystems are not built
+// yet (those do nothing and return 0).
 #pragma once
 
 namespace ruvo {

@@ -143,6 +143,10 @@ public:
     // Draws bytes start..end of a line inverted at once, over what the window shows (the
     // highlight of a found text; a redraw of the line takes it away).
     virtual void DrawFoundText(EditBuffer&, int /*line*/, int /*startColumn*/, int /*endColumn*/) {}
+
+    // --- About box --------------------------------------------------------------------------
+    // A small modal box owned by the frame showing the lines centred, with an OK button.
+    virtual void AboutBox(const std::vector<std::string>& /*lines*/) {}
 };
 
 } // namespace ruvo

@@ -57,6 +57,7 @@ public:
         int line, startColumn, endColumn;
     };
     std::vector<FoundText> foundTexts;       // every DrawFoundText
+    std::vector<std::vector<std::string>> aboutBoxes; // the lines of every about box shown
 
     // --- What the tests script ---
     std::deque<int> answers;                      // next question answers; empty: AnswerYes
@@ -109,6 +110,7 @@ public:
     void SetProgressText(std::string_view text) override;
     void RecentFilesChanged(const std::vector<std::string>& labels) override;
     void ArrangeEditWindows(WindowArrangement how) override { arrangements.push_back(how); }
+    void AboutBox(const std::vector<std::string>& lines) override { aboutBoxes.push_back(lines); }
     void SetScrollBarRange(EditBuffer& buffer, bool vertical, int min, int max) override;
     void SetScrollBarPos(EditBuffer& buffer, bool vertical, int pos) override;
     void ScrollWindowLines(EditBuffer&, int lines) override { scrolledWindowLines.push_back(lines); }

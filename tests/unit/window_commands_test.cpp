@@ -1,0 +1,49 @@
+// The about box and the Window menu's commands, reached through the command table.
+#include <gtest/gtest.h>
+
+#include "commands/command_table.h"
+#include "editor_fixture.h"
+#include "settings/program_version.h"
+
+namespace ruvo {
+namespace {
+
+class WindowCommandsTest : public EditorTest {
+protected:
+    int Run(const char* name) {
+        int row = -1;
+        EXPECT_NE(CommandByName(name, nullptr, false, &row), nullptr) << name;
+        return InvokeCommand(row);
+    }
+};
+
+TEST_F(WindowCommandsTest, AboutShowsTitleVersionAndBuildDate) {
+    EXPECT_EQ(VersionLine(), "Version  1.2, Revision 2");
+    EXPECT_EQ(BuildDateLine("Nov 22 2026"), "[ Nov 22 2026 ]");
+
+    Run("About");
+    ASSERT_EQ(host.aboutBoxes.size(), 1u);
+    const std::vector<std::string>& lines = host.aboutBoxes[0];
+    ASSERT_EQ(lines.size(), 3u);
+    EXPECT_EQ(lines[0], "RUVO / HDL Language Editor");
+    EXPECT_EQ(lines[1], "Version  1.2, Revision 2");
+    EXPECT_EQ(lines[2], BuildDateLine(__DATE__));
+    EXPECT_TRUE(host.boxes.empty()) << "no error or question box on the way";
+}
+
+TEST_F(WindowCommandsTest, WindowMenuArrangesAndCyclesTheEditWindows) {
+    using Arrangement = Host::WindowArrangement;
+    for (const char* name : {"WindowCascade", "WindowTileVertical", "WindowTileHorizontal",
+                             "WindowNext", "WindowPrevious", "WindowClose"}) {
+        Run(name);
+    }
+    EXPECT_EQ(host.arrangements,
+              (std::vector<Arrangement>{Arrangement::Cascade, Arrangement::TileVertical,
+                                        Arrangement::TileHorizontal, Arrangement::Next,
+                                        Arrangement::Previous}))
+        << "WindowClose leaves closing to the window's own menu and the frame";
+    EXPECT_TRUE(host.boxes.empty());
+}
+
+} // namespace
+} // namespace ruvo
