@@ -1,12 +1,15 @@
 // Program entry: start-up in its fixed order, the message loop and the shut-down order.
 #include <windows.h>
 
+#include <optional>
 #include <string>
 
 #include "docs/recent_files.h"
 #include "engine/editor.h"
+#include "settings/command_line.h"
 #include "settings/settings_io.h"
 #include "settings/window_placement.h"
+#include "ui/command_line_print.h"
 #include "ui/ctl3d.h"
 #include "ui/frame_window.h"
 #include "ui/win_host.h"
@@ -37,8 +40,22 @@ int RunMessageLoop(const ShellState& shell) {
     return static_cast<int>(message.wParam);
 }
 
+// A second start gives its whole command line, as one absolute name, to the running frame.
+void HandOver(HWND runningFrame, const std::string& commandLine) {
+    const std::string name = HandOverName(commandLine, TheEditor().host.CurrentDirectory());
+    if (name.empty()) {
+        SendMessageA(runningFrame, HandOverMessage, 1, 0);
+        return;
+    }
+    const ATOM atom = GlobalAddAtomA(name.c_str());
+    SendMessageA(runningFrame, HandOverMessage, 1, atom);
+    if (atom != 0) GlobalDeleteAtom(atom);
+}
+
 void ShutDown(const ShellState& shell) {
     Ctl3dUnregisterApp(shell.instance);
+    // The button bar keeps no resources of its own yet.
+    ReleasePrinterSettings();
     if (TheEditor().settings.options.saveOnExit) SaveSettings();
     saveRecentFiles();
 }
@@ -47,13 +64,25 @@ void ShutDown(const ShellState& shell) {
 
 // The command line given here has the program name removed already. Printing ("/p") and the
 // hand-over to a running instance ("/n") are decided before the classes are registered.
-int RunEditor(HINSTANCE instance, const char* commandLine, int showCommand) {
-    if (!RegisterWindowClasses(instance)) return 0;
+int RunEditor(HINSTANCE instance, HINSTANCE previous, const char* commandLine, int showCommand) {
+    std::string line = commandLine != nullptr ? commandLine : "";
+    if (const std::optional<std::string> printName = PrintRequest(line)) {
+        PrintFileFromCommandLine(*printName);
+        return 0;
+    }
+    if (!RemoveNewInstanceSwitch(line)) {
+        if (HWND running = FindWindowA(FrameClassName, nullptr)) {
+            HandOver(running, line);
+            return 0;
+        }
+    }
+    // Classes belong to the first instance (every Win32 process is one); a failure ends at once.
+    if (previous == nullptr && !RegisterWindowClasses(instance)) return 0;
 
     ShellState& shell = TheWinHost().shell;
     RememberProgram(shell, instance);
     LoadSettings();
-    shell.commandLine = commandLine != nullptr ? commandLine : "";
+    shell.commandLine = line;
 
     const WindowPlacement placement = ReadMainWindow();
     const bool fullSize = ReadFullSize();
@@ -70,13 +99,13 @@ int RunEditor(HINSTANCE instance, const char* commandLine, int showCommand) {
 
 } // namespace ruvo
 
-int WINAPI WinMain(HINSTANCE instance, HINSTANCE, LPSTR commandLine, int showCommand) {
+int WINAPI WinMain(HINSTANCE instance, HINSTANCE previous, LPSTR commandLine, int showCommand) {
     ruvo::WinHost host;
     int exitCode = 0;
     {
         ruvo::Editor editor(host);
         ruvo::InstallEditor(&editor);
-        exitCode = ruvo::RunEditor(instance, commandLine, showCommand);
+        exitCode = ruvo::RunEditor(instance, previous, commandLine, showCommand);
     } // the editor's state is released while it is still installed
     ruvo::InstallEditor(nullptr);
     return exitCode;

@@ -62,6 +62,7 @@ class WinHost : public Host {
     void SetProgressText(std::string_view text) override;
     void RecentFilesChanged(const std::vector<std::string>& labels) override;
     void ArrangeEditWindows(WindowArrangement how) override;
+    void AboutBox(const std::vector<std::string>& lines) override; // about_box.cpp
 
     // Edit window input (win_host_input.cpp).
     void SetScrollBarRange(EditBuffer& buffer, bool vertical, int min, int max) override;
