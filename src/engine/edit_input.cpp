@@ -203,7 +203,14 @@ bool ButtonPressed(EditBuffer& buffer, ScreenPoint at, bool shift, bool rightBut
         ClickAt(buffer, at.line, at.screenColumn, true);
         return false;
     }
-    ClickAt(buffer, at.line, at.screenColumn, false);
+    // The press only puts caret and anchor at the point; the release records where the drag
+    // ended. So a click, or a whole drag, is one undo step, and undo after a drag goes back
+    // to the caret and selection from before the press.
+    const TextPos p = ColumnFromDisplay(buffer, at.line, at.screenColumn);
+    buffer.anchor = p;
+    buffer.cursor = p;
+    SetSelection(buffer, p, p);
+    TheEditor().host.UpdateCaretAndStatus(buffer);
     input.dragging = true;
     if (IsMessageWindow(buffer)) FollowMessage(buffer, false);
     return true;

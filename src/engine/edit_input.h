@@ -51,13 +51,14 @@ void DragTo(EditBuffer& buffer, int32_t line, int screenColumn);
 // Selects the word at the point (double click), recorded.
 void SelectWordAt(EditBuffer& buffer, int32_t line, int screenColumn);
 
-// A mouse button went down at the point. True when a drag begins: the shell captures the
-// mouse until ButtonReleased.
+// A mouse button went down at the point. With Shift the selection is extended to it (one
+// transaction); otherwise the caret goes there and a drag begins (true): the shell captures
+// the mouse until ButtonReleased.
 [[nodiscard]] bool ButtonPressed(EditBuffer& buffer, ScreenPoint at, bool shift, bool rightButton);
 // The mouse moved over the window (or anywhere while captured).
 void PointerMoved(EditBuffer& buffer, ScreenPoint at);
-// A mouse button went up. True when a drag ended: the shell releases the mouse. The drag's
-// final caret and selection become one transaction.
+// A mouse button went up. True when a drag ended: the shell releases the mouse. The caret
+// and selection from the press to here become one transaction.
 [[nodiscard]] bool ButtonReleased(EditBuffer& buffer);
 // A double click of the left button.
 void DoubleClicked(EditBuffer& buffer, ScreenPoint at);

@@ -359,13 +359,13 @@ TEST_F(EditInputTest, DragSelectsAndTheReleaseRecordsOneTransaction) {
     EXPECT_EQ(buffer->selStart, MakePos(2, 3));
     EXPECT_EQ(buffer->selEnd, MakePos(4, 5));
     EXPECT_EQ(buffer->cursor, MakePos(4, 5));
-    EXPECT_EQ(buffer.LoggedTransactions(), before + 1); // the press only
-    EXPECT_TRUE(host.pointerNudges.empty());            // inside the window nothing scrolls
+    EXPECT_EQ(buffer.LoggedTransactions(), before); // press and drag record nothing
+    EXPECT_TRUE(host.pointerNudges.empty());        // inside the window nothing scrolls
 
     EXPECT_TRUE(ButtonReleased(*buffer));
     EXPECT_FALSE(editor.engine.input.dragging);
     EXPECT_FALSE(editor.engine.input.rightButtonDrag);
-    EXPECT_EQ(buffer.LoggedTransactions(), before + 2);
+    EXPECT_EQ(buffer.LoggedTransactions(), before + 1);
     EXPECT_EQ(buffer->selStart, MakePos(2, 3));
     EXPECT_EQ(buffer->selEnd, MakePos(4, 5));
     EXPECT_EQ(buffer->anchor, MakePos(4, 5));
@@ -377,17 +377,24 @@ TEST_F(EditInputTest, DragSelectsAndTheReleaseRecordsOneTransaction) {
     EXPECT_EQ(host.statusTexts[0].pane, 4);
     EXPECT_EQ(host.statusTexts[0].text, "");
 
-    // The press is its own step: undo goes back to it (caret at the press, no selection),
-    // and once more to the caret and selection that stood before the press.
-    EXPECT_EQ(EditUndo(), 0);
-    EXPECT_EQ(buffer->cursor, MakePos(2, 3));
-    EXPECT_EQ(buffer->lines.hasSelection, 0);
+    // One undo brings back the caret and selection from before the press; redo the drag's.
     EXPECT_EQ(EditUndo(), 0);
     EXPECT_EQ(buffer->cursor, MakePos(1, 1));
     EXPECT_EQ(buffer->selStart, MakePos(1, 0));
     EXPECT_EQ(buffer->selEnd, MakePos(1, 1));
     EXPECT_EQ(EditRedo(), 0);
-    EXPECT_EQ(EditRedo(), 0);
+    EXPECT_EQ(buffer->selStart, MakePos(2, 3));
+    EXPECT_EQ(buffer->selEnd, MakePos(4, 5));
+    EXPECT_EQ(buffer->cursor, MakePos(4, 5));
+
+    // A click without moving is one step too.
+    const int clicked = buffer.LoggedTransactions();
+    EXPECT_TRUE(ButtonPressed(*buffer, At(*buffer, 7, 2), false, false));
+    EXPECT_EQ(buffer->cursor, MakePos(7, 2));
+    EXPECT_EQ(buffer->lines.hasSelection, 0);
+    EXPECT_TRUE(ButtonReleased(*buffer));
+    EXPECT_EQ(buffer.LoggedTransactions(), clicked + 1);
+    EXPECT_EQ(EditUndo(), 0);
     EXPECT_EQ(buffer->selStart, MakePos(2, 3));
     EXPECT_EQ(buffer->selEnd, MakePos(4, 5));
 }
