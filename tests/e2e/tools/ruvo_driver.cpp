@@ -33,6 +33,15 @@
 //   hand-over PATH            what a second start does: PATH as a global atom in WM_USER+101
 //   clipboard                 the CF_TEXT clipboard contents, lines joined with "\n"
 //   close                     posts WM_CLOSE to the frame
+//   launch-timed SECONDS ARGS starts C:\ruvo\ruvo.exe ARGS (one argument: the command line)
+//                             and waits until its frame shows an edit window and the editor
+//                             waits for input: "launch-timed <milliseconds>"
+//   type-timed COUNT TEXT     sends COUNT characters taken round from TEXT as WM_CHAR to the
+//                             active child, each handled before the next: "type-timed <ms>"
+//   caret                     the caret of the editor's thread: "caret X Y WIDTH HEIGHT" in the
+//                             client area of the window that owns it ("caret -" when none)
+//   active-rect               the active child's client area on the screen: "x y width height"
+//   scroll-info V|H           the active child's scroll bar: "scroll-info MIN MAX POS"
 //   sleep MILLISECONDS        pauses (only for things that have no window to wait for)
 #include <windows.h>
 
@@ -175,6 +184,48 @@ void PrintClipboard() {
     }
     CloseClipboard();
     std::printf("clipboard %s\n", Escaped(text).c_str());
+}
+
+HWND ActiveChild() {
+    HWND active = reinterpret_cast<HWND>(SendMessageA(MdiClient(), WM_MDIGETACTIVE, 0, 0));
+    if (active == nullptr) Fail("no active edit window");
+    return active;
+}
+
+// Start-up time as a person sees it: from the start of the process to a shown edit window
+// with nothing left to do (its first paint is done).
+void LaunchTimed(int seconds, const std::string& arguments) {
+    char self[MAX_PATH] = {};
+    GetModuleFileNameA(nullptr, self, MAX_PATH);
+    std::string program = self;
+    program = program.substr(0, program.find_last_of('\\') + 1) + "ruvo.exe";
+    std::string commandLine = "\"" + program + "\" " + arguments;
+    STARTUPINFOA startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION process{};
+    LARGE_INTEGER frequency, start, stop;
+    QueryPerformanceFrequency(&frequency);
+    QueryPerformanceCounter(&start);
+    if (!CreateProcessA(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                        nullptr, &startup, &process)) {
+        Fail("cannot start " + program);
+    }
+    const bool shown = WaitFor(seconds, [] {
+        HWND frame = Frame();
+        if (frame == nullptr || !IsWindowVisible(frame)) return false;
+        HWND client = FindWindowExA(frame, nullptr, "MDICLIENT", nullptr);
+        return client != nullptr && GetWindow(client, GW_CHILD) != nullptr;
+    });
+    if (!shown) Fail("no edit window after " + std::to_string(seconds) + " s");
+    WaitForInputIdle(process.hProcess, static_cast<DWORD>(seconds) * 1000);
+    DWORD_PTR result = 0;
+    SendMessageTimeoutA(Frame(), WM_NULL, 0, 0, SMTO_NORMAL, static_cast<UINT>(seconds) * 1000,
+                        &result);
+    QueryPerformanceCounter(&stop);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    std::printf("launch-timed %lld\n",
+                (stop.QuadPart - start.QuadPart) * 1000 / frequency.QuadPart);
 }
 
 // Runs the command at args[at]; returns the index after its arguments.
@@ -388,6 +439,58 @@ size_t Run(const std::vector<std::string>& args, size_t at) {
         PostMessageA(RequireFrame(), WM_CLOSE, 0, 0);
         std::printf("close ok\n");
         return at + 1;
+    }
+    if (name == "launch-timed") {
+        const int seconds = ToNumber(argument(1), "seconds");
+        LaunchTimed(seconds, argument(2));
+        return at + 3;
+    }
+    if (name == "type-timed") {
+        const int count = ToNumber(argument(1), "count");
+        const std::string& text = argument(2);
+        if (text.empty()) Fail("type-timed needs a text");
+        HWND active = ActiveChild();
+        LARGE_INTEGER frequency, start, stop;
+        QueryPerformanceFrequency(&frequency);
+        QueryPerformanceCounter(&start);
+        for (int i = 0; i < count; ++i) {
+            const unsigned char c = static_cast<unsigned char>(text[static_cast<size_t>(i) % text.size()]);
+            SendMessageA(active, WM_CHAR, c, 1);
+        }
+        QueryPerformanceCounter(&stop);
+        std::printf("type-timed %lld\n",
+                    (stop.QuadPart - start.QuadPart) * 1000 / frequency.QuadPart);
+        return at + 3;
+    }
+    if (name == "caret") {
+        HWND frame = RequireFrame();
+        GUITHREADINFO info{};
+        info.cbSize = sizeof info;
+        if (!GetGUIThreadInfo(GetWindowThreadProcessId(frame, nullptr), &info))
+            Fail("cannot read the editor's caret");
+        if (info.hwndCaret == nullptr) {
+            std::printf("caret -\n");
+        } else {
+            PrintRect("caret", info.rcCaret);
+        }
+        return at + 1;
+    }
+    if (name == "active-rect") {
+        HWND active = ActiveChild();
+        RECT r;
+        GetClientRect(active, &r);
+        MapWindowPoints(active, nullptr, reinterpret_cast<POINT*>(&r), 2);
+        PrintRect("active-rect", r);
+        return at + 1;
+    }
+    if (name == "scroll-info") {
+        SCROLLINFO info{};
+        info.cbSize = sizeof info;
+        info.fMask = SIF_ALL;
+        if (!GetScrollInfo(ActiveChild(), argument(1) == "V" ? SB_VERT : SB_HORZ, &info))
+            Fail("cannot read the scroll bar");
+        std::printf("scroll-info %d %d %d\n", info.nMin, info.nMax, info.nPos);
+        return at + 2;
     }
     if (name == "sleep") {
         Sleep(static_cast<DWORD>(ToNumber(argument(1), "milliseconds")));

@@ -1,0 +1,4 @@
+entity counter is
+  port (clk : in bit);
+  -- CLck reset
+end counter;
