@@ -74,6 +74,15 @@ void LayOutChildren() {
             MoveWindow(shell.mdiClient, 0, bar, width, above > bar ? above - bar : 0, TRUE);
         }
     }
+    // A maximised edit window fills the client, which then has nothing to scroll; a window
+    // opened maximised before the frame was first laid out leaves the client's bars showing.
+    BOOL maximized = FALSE;
+    if (shell.mdiClient != nullptr &&
+        SendMessageA(shell.mdiClient, WM_MDIGETACTIVE, 0, reinterpret_cast<LPARAM>(&maximized)) !=
+            0 &&
+        maximized) {
+        ShowScrollBar(shell.mdiClient, SB_BOTH, FALSE);
+    }
 }
 
 void OnCreate(HWND frame) {
@@ -99,6 +108,8 @@ void OnCreate(HWND frame) {
     OpenCommandLineFiles(shell.commandLine.c_str());
     if (HasStartupErrors()) ShowStartupErrors();
     DragAcceptFiles(frame, TRUE);
+    // Laid out once more after the updates the new edit windows have posted to the client.
+    PostMessageA(frame, RelayoutMessage, 0, 0);
 }
 
 void OnSize(HWND frame, int clientWidth, int clientHeight) {

@@ -42,6 +42,9 @@
 //                             client area of the window that owns it ("caret -" when none)
 //   active-rect               the active child's client area on the screen: "x y width height"
 //   scroll-info V|H           the active child's scroll bar: "scroll-info MIN MAX POS"
+//   child-show max|restore    maximises or restores the active MDI child through the client
+//   scroll-bars WINDOW        which scroll bars the frame's child of that class, or the active
+//                             MDI child ("active"), shows: "scroll-bars none|V|H|VH"
 //   sleep MILLISECONDS        pauses (only for things that have no window to wait for)
 #include <windows.h>
 
@@ -490,6 +493,23 @@ size_t Run(const std::vector<std::string>& args, size_t at) {
         if (!GetScrollInfo(ActiveChild(), argument(1) == "V" ? SB_VERT : SB_HORZ, &info))
             Fail("cannot read the scroll bar");
         std::printf("scroll-info %d %d %d\n", info.nMin, info.nMax, info.nPos);
+        return at + 2;
+    }
+    if (name == "child-show") {
+        const UINT message = argument(1) == "max" ? WM_MDIMAXIMIZE : WM_MDIRESTORE;
+        SendMessageA(MdiClient(), message, reinterpret_cast<WPARAM>(ActiveChild()), 0);
+        std::printf("child-show ok\n");
+        return at + 2;
+    }
+    if (name == "scroll-bars") {
+        HWND window = argument(1) == "active"
+                          ? ActiveChild()
+                          : FindWindowExA(RequireFrame(), nullptr, argument(1).c_str(), nullptr);
+        if (window == nullptr) Fail("no window " + argument(1));
+        const LONG style = GetWindowLongA(window, GWL_STYLE);
+        std::string bars = std::string((style & WS_VSCROLL) != 0 ? "V" : "") +
+                           ((style & WS_HSCROLL) != 0 ? "H" : "");
+        std::printf("scroll-bars %s\n", bars.empty() ? "none" : bars.c_str());
         return at + 2;
     }
     if (name == "sleep") {
