@@ -42,6 +42,7 @@
 //                             client area of the window that owns it ("caret -" when none)
 //   active-rect               the active child's client area on the screen: "x y width height"
 //   scroll-info V|H           the active child's scroll bar: "scroll-info MIN MAX POS"
+//   frames                    how many frame windows exist: "frames N"
 //   child-show max|restore    maximises or restores the active MDI child through the client
 //   scroll-bars WINDOW        which scroll bars the frame's child of that class, or the active
 //                             MDI child ("active"), shows: "scroll-bars none|V|H|VH"
@@ -494,6 +495,15 @@ size_t Run(const std::vector<std::string>& args, size_t at) {
             Fail("cannot read the scroll bar");
         std::printf("scroll-info %d %d %d\n", info.nMin, info.nMax, info.nPos);
         return at + 2;
+    }
+    if (name == "frames") {
+        int count = 0;
+        for (HWND w = FindWindowExA(nullptr, nullptr, FrameClass, nullptr); w != nullptr;
+             w = FindWindowExA(nullptr, w, FrameClass, nullptr)) {
+            ++count;
+        }
+        std::printf("frames %d\n", count);
+        return at + 1;
     }
     if (name == "child-show") {
         const UINT message = argument(1) == "max" ? WM_MDIMAXIMIZE : WM_MDIRESTORE;
