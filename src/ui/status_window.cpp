@@ -167,7 +167,8 @@ void SetStatusText(int pane, std::string_view text, bool beep) {
     if (text.empty()) {
         if (!HasText(target)) return;
         target.text[0] = '\0';
-        if (pane == PaneMessage) {
+        // Pane 4 covers the others, and pane 3 has no box while it is empty.
+        if (pane == PaneMessage || pane == PaneTool) {
             if (HWND window = TheWinHost().shell.statusWindow) {
                 InvalidateRect(window, nullptr, TRUE);
             }
