@@ -8,6 +8,7 @@
 //                             for input (its start-up is over)
 //   wait-gone SECONDS         wait until no frame window exists
 //   wait-window TITLE SECONDS wait for a top-level window with this exact title
+//   wait-no-window TITLE SECONDS  wait until no visible top-level window has this title
 //   dialog-text TITLE         the static texts of the visible window TITLE (a message box):
 //                             "dialog-text <text>" with line feeds written as "\n"
 //   answer TITLE BUTTON       presses yes, no, ok or cancel in window TITLE and waits until
@@ -266,6 +267,18 @@ size_t Run(const std::vector<std::string>& args, size_t at) {
         });
         if (!found) Fail("no window titled '" + argument(1) + "'");
         std::printf("wait-window ok\n");
+        return at + 3;
+    }
+    if (name == "wait-no-window") {
+        TitleSearch search{argument(1).c_str(), nullptr};
+        const int seconds = ToNumber(argument(2), "seconds");
+        const bool gone = WaitFor(seconds, [&] {
+            search.found = nullptr;
+            EnumWindows(MatchTitle, reinterpret_cast<LPARAM>(&search));
+            return search.found == nullptr;
+        });
+        if (!gone) Fail("the window titled '" + argument(1) + "' is still there");
+        std::printf("wait-no-window ok\n");
         return at + 3;
     }
     if (name == "dialog-text") {
