@@ -15,6 +15,7 @@
 #include "engine/edit_buffer.h"
 #include "engine/editor.h"
 #include "fake_host.h"
+#include "ratio_reporter.h"
 
 namespace ruvo {
 namespace {
@@ -123,31 +124,6 @@ void SaveFile(benchmark::State& state) {
 }
 BENCHMARK(SaveFile)->Unit(benchmark::kMillisecond);
 
-// The console report, then each measured figure as a ratio against its plain baseline.
-class RatioReporter : public benchmark::ConsoleReporter {
-  public:
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs)
-            times_[run.benchmark_name()] = run.GetAdjustedRealTime();
-        ConsoleReporter::ReportRuns(runs);
-    }
-    void Finalize() override {
-        ConsoleReporter::Finalize();
-        PrintRatio("LoadFile", "PlainRead");
-        PrintRatio("SaveFile", "PlainWrite");
-    }
-
-  private:
-    void PrintRatio(const std::string& measured, const std::string& baseline) {
-        auto m = times_.find(measured);
-        auto b = times_.find(baseline);
-        if (m == times_.end() || b == times_.end() || b->second <= 0) return;
-        std::printf("ratio %s / %s = %.2f\n", measured.c_str(), baseline.c_str(),
-                    m->second / b->second);
-    }
-    std::map<std::string, double> times_;
-};
-
 } // namespace
 } // namespace ruvo
 
@@ -158,7 +134,7 @@ int main(int argc, char** argv) {
 
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    ruvo::RatioReporter reporter;
+    ruvo::RatioReporter reporter({{"LoadFile", "PlainRead"}, {"SaveFile", "PlainWrite"}});
     benchmark::RunSpecifiedBenchmarks(&reporter);
     benchmark::Shutdown();
 

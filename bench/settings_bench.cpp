@@ -10,6 +10,7 @@
 
 #include "engine/editor.h"
 #include "fake_host.h"
+#include "ratio_reporter.h"
 #include "settings/line_reader.h"
 #include "settings/profile.h"
 
@@ -122,31 +123,6 @@ void PathExpansion(benchmark::State& state) {
 }
 BENCHMARK(PathExpansion)->Unit(benchmark::kMillisecond);
 
-// The console report, then each measured figure as a ratio against its plain baseline.
-class RatioReporter : public benchmark::ConsoleReporter {
-  public:
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs)
-            times_[run.benchmark_name()] = run.GetAdjustedRealTime();
-        ConsoleReporter::ReportRuns(runs);
-    }
-    void Finalize() override {
-        ConsoleReporter::Finalize();
-        PrintRatio("MeaningfulLineRead", "PlainLineRead");
-        PrintRatio("PathExpansion", "PlainPathCopy");
-    }
-
-  private:
-    void PrintRatio(const std::string& measured, const std::string& baseline) {
-        auto m = times_.find(measured);
-        auto b = times_.find(baseline);
-        if (m == times_.end() || b == times_.end() || b->second <= 0) return;
-        std::printf("ratio %s / %s = %.2f\n", measured.c_str(), baseline.c_str(),
-                    m->second / b->second);
-    }
-    std::map<std::string, double> times_;
-};
-
 } // namespace
 } // namespace ruvo
 
@@ -160,7 +136,8 @@ int main(int argc, char** argv) {
 
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    ruvo::RatioReporter reporter;
+    ruvo::RatioReporter reporter(
+        {{"MeaningfulLineRead", "PlainLineRead"}, {"PathExpansion", "PlainPathCopy"}});
     benchmark::RunSpecifiedBenchmarks(&reporter);
     benchmark::Shutdown();
 

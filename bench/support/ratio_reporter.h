@@ -1,0 +1,44 @@
+// Console report of a benchmark run, followed by each measured figure as a ratio against its
+// plain baseline of the same run.
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace ruvo {
+
+class RatioReporter : public benchmark::ConsoleReporter {
+  public:
+    // Pairs of (measured benchmark, baseline benchmark) by name.
+    explicit RatioReporter(std::vector<std::pair<std::string, std::string>> ratios)
+        : ratios_(std::move(ratios)) {}
+
+    void ReportRuns(const std::vector<Run>& runs) override {
+        for (const Run& run : runs)
+            times_[run.benchmark_name()] = run.GetAdjustedRealTime();
+        ConsoleReporter::ReportRuns(runs);
+    }
+    void Finalize() override {
+        ConsoleReporter::Finalize();
+        for (const auto& [measured, baseline] : ratios_)
+            PrintRatio(measured, baseline);
+    }
+
+  private:
+    void PrintRatio(const std::string& measured, const std::string& baseline) const {
+        auto m = times_.find(measured);
+        auto b = times_.find(baseline);
+        if (m == times_.end() || b == times_.end() || b->second <= 0) return;
+        std::printf("ratio %s / %s = %.2f\n", measured.c_str(), baseline.c_str(),
+                    m->second / b->second);
+    }
+    std::vector<std::pair<std::string, std::string>> ratios_;
+    std::map<std::string, double> times_;
+};
+
+} // namespace ruvo
