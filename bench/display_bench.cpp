@@ -11,6 +11,7 @@
 #include "engine/line_layout.h"
 #include "engine/status_update.h"
 #include "fake_host.h"
+#include "hdl_text.h"
 #include "lang/language_io.h"
 #include "lang/language_table.h"
 
@@ -28,12 +29,7 @@ std::string MakeVhdl(int lines) {
         "  process (clk) begin if rising_edge(clk) then q <= d; end if; end process;",
         "  assert q /= x\"DEADBEEF\" report \"odd value\" severity note;",
         "end rtl;"};
-    std::string text;
-    for (int i = 0; i < lines; ++i) {
-        if (i > 0) text += '\n';
-        text += unit[i % std::size(unit)];
-    }
-    return text;
+    return RepeatLines(unit, lines);
 }
 
 // A fresh editor with the shipped VHDL colours and one measured 80 x 40 buffer, selected over

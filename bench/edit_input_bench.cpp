@@ -11,6 +11,7 @@
 #include "engine/editor.h"
 #include "engine/transaction_log.h"
 #include "fake_host.h"
+#include "hdl_text.h"
 
 namespace ruvo {
 namespace {
@@ -18,12 +19,7 @@ namespace {
 std::string MakeHdl(int lines) {
     static const char* const unit[] = {"entity reg is", "  port (clk : in std_logic;",
                                        "\td : in std_logic_vector(31 downto 0));", "end reg;"};
-    std::string text;
-    for (int i = 0; i < lines; ++i) {
-        if (i > 0) text += '\n';
-        text += unit[i % 4];
-    }
-    return text;
+    return RepeatLines(unit, lines);
 }
 
 struct Session {

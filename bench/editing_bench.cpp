@@ -12,6 +12,7 @@
 #include "engine/editor.h"
 #include "engine/transaction_log.h"
 #include "fake_host.h"
+#include "hdl_text.h"
 
 namespace ruvo {
 namespace {
@@ -28,12 +29,7 @@ std::string MakeHdl(int lines) {
         "architecture rtl of reg is begin",
         "  process (clk) begin if rising_edge(clk) then q <= d; end if; end process;",
         "end rtl;"};
-    std::string text;
-    for (int i = 0; i < lines; ++i) {
-        if (i > 0) text += '\n';
-        text += unit[i % 8];
-    }
-    return text;
+    return RepeatLines(unit, lines);
 }
 
 // A fresh editor on a FakeHost with one large current buffer.
