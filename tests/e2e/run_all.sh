@@ -41,6 +41,9 @@ e2e_start_xvfb
 e2e_make_prefix
 e2e_install_app
 mkdir -p "$LOG_DIR" "$E2E_SHOTS"
+# Figures that scenarios measure (the huge_file scenario writes them here).
+PERFORMANCE=$LOG_DIR/performance.txt
+rm -f "$PERFORMANCE"
 
 passed=0
 failed=()
@@ -66,5 +69,9 @@ for name in "${scenarios[@]}"; do
 done
 
 total=${#scenarios[@]}
+if [[ -f $PERFORMANCE ]]; then
+    echo "e2e figures:"
+    sed 's/^/    /' "$PERFORMANCE"
+fi
 echo "e2e: $passed passed, ${#failed[@]} failed out of $total"
 ((${#failed[@]} == 0))

@@ -38,7 +38,8 @@
 //                             and waits until its frame shows an edit window and the editor
 //                             waits for input: "launch-timed <milliseconds>"
 //   type-timed COUNT TEXT     sends COUNT characters taken round from TEXT as WM_CHAR to the
-//                             active child, each handled before the next: "type-timed <ms>"
+//                             active child, each handled before the next, a line feed as the
+//                             Return key: "type-timed <milliseconds>"
 //   caret                     the caret of the editor's thread: "caret X Y WIDTH HEIGHT" in the
 //                             client area of the window that owns it ("caret -" when none)
 //   active-rect               the active child's client area on the screen: "x y width height"
@@ -472,7 +473,12 @@ size_t Run(const std::vector<std::string>& args, size_t at) {
         QueryPerformanceCounter(&start);
         for (int i = 0; i < count; ++i) {
             const unsigned char c = static_cast<unsigned char>(text[static_cast<size_t>(i) % text.size()]);
-            SendMessageA(active, WM_CHAR, c, 1);
+            if (c == '\n') {
+                SendMessageA(active, WM_KEYDOWN, VK_RETURN, 1);
+                SendMessageA(active, WM_KEYUP, VK_RETURN, 0xC0000001);
+            } else {
+                SendMessageA(active, WM_CHAR, c, 1);
+            }
         }
         QueryPerformanceCounter(&stop);
         std::printf("type-timed %lld\n",
