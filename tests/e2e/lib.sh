@@ -223,7 +223,9 @@ e2e_ini_set() {
     local file=$1 section=$2 key=$3 value=$4 updated
     updated=$(mktemp)
     [[ -f $file ]] || : >"$file"
-    tr -d '\r' <"$file" | awk -v section="[$section]" -v key="$key" -v value="$value" '
+    # The value goes through the environment: awk -v would read its backslashes as escapes.
+    tr -d '\r' <"$file" | E2E_INI_VALUE=$value awk -v section="[$section]" -v key="$key" '
+        BEGIN { value = ENVIRON["E2E_INI_VALUE"] }
         function add() { print key "=" value; done = 1 }
         /^\[/ { if (inside && !done) add()
                 inside = (tolower($0) == tolower(section)); if (inside) seen = 1
