@@ -45,6 +45,8 @@
 //   active-rect               the active child's client area on the screen: "x y width height"
 //   scroll-info V|H           the active child's scroll bar: "scroll-info MIN MAX POS"
 //   frames                    how many frame windows exist: "frames N"
+//   menu-select NAME|ROW|-    tells the frame that the menu item of that command is selected
+//                             ("-": the menu closed), as the system does while a menu is open
 //   child-show max|restore    maximises or restores the active MDI child through the client
 //   scroll-bars WINDOW        which scroll bars the frame's child of that class, or the active
 //                             MDI child ("active"), shows: "scroll-bars none|V|H|VH"
@@ -513,6 +515,22 @@ size_t Run(const std::vector<std::string>& args, size_t at) {
         if (!GetScrollInfo(ActiveChild(), argument(1) == "V" ? SB_VERT : SB_HORZ, &info))
             Fail("cannot read the scroll bar");
         std::printf("scroll-info %d %d %d\n", info.nMin, info.nMax, info.nPos);
+        return at + 2;
+    }
+    if (name == "menu-select") {
+        const std::string& which = argument(1);
+        WPARAM wParam = MAKEWPARAM(0, 0xFFFF); // a menu closing: no item, flags all set
+        if (which != "-") {
+            int row = -1;
+            if (which.find_first_not_of("0123456789") == std::string::npos) {
+                row = ToNumber(which, "command row");
+            } else if (ruvo::CommandByName(which, nullptr, false, &row) == nullptr) {
+                Fail("no command named '" + which + "'");
+            }
+            wParam = MAKEWPARAM(ruvo::CommandMenuIdBase + row, MF_STRING);
+        }
+        SendMessageA(RequireFrame(), WM_MENUSELECT, wParam, 0);
+        std::printf("menu-select ok\n");
         return at + 2;
     }
     if (name == "frames") {
