@@ -13,6 +13,7 @@
 #include "engine/editor.h"
 #include "settings/command_line.h"
 #include "settings/error_report.h"
+#include "settings/program_version.h"
 #include "ui/ctl3d.h"
 #include "ui/edit_window.h"
 #include "ui/status_window.h"
@@ -247,7 +248,7 @@ LRESULT CALLBACK FrameWindowProc(HWND window, UINT message, WPARAM wParam, LPARA
 }
 
 HWND CreateFrameWindow(HINSTANCE instance, const WindowPlacement& placement, HMENU menu) {
-    return CreateWindowExA(0, FrameClassName, FrameTitle, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+    return CreateWindowExA(0, FrameClassName, ProgramTitle, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
                            placement.left, placement.top, placement.width, placement.height,
                            nullptr, menu, instance, nullptr);
 }

@@ -19,7 +19,6 @@ constexpr UINT RelayoutMessage = WM_USER + 1;
 constexpr UINT HandOverMessage = WM_USER + 101;
 
 constexpr int StatusLineHeight = 22;
-constexpr const char* FrameTitle = "RUVO / HDL Language Editor";
 
 struct ShellState {
     HINSTANCE instance = nullptr;
