@@ -9,6 +9,11 @@ bool IsSeparator(char c) {
     return c == '\\' || c == '/';
 }
 
+// Names are separated by white space: blanks, and tabs where a shell passes them on.
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t';
+}
+
 bool IsLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
@@ -48,7 +53,7 @@ std::vector<std::string> SplitFileNames(std::string_view commandLine) {
     size_t at = 0;
     const size_t end = commandLine.size();
     while (at < end) {
-        while (at < end && commandLine[at] == ' ')
+        while (at < end && IsBlank(commandLine[at]))
             ++at;
         if (at == end) break;
         if (commandLine[at] == '"') {
@@ -58,8 +63,9 @@ std::vector<std::string> SplitFileNames(std::string_view commandLine) {
             if (stop > at + 1) names.emplace_back(commandLine.substr(at + 1, stop - at - 1));
             at = close == std::string_view::npos ? end : close + 1;
         } else {
-            const size_t blank = commandLine.find(' ', at);
-            const size_t stop = blank == std::string_view::npos ? end : blank;
+            size_t stop = at;
+            while (stop < end && !IsBlank(commandLine[stop]))
+                ++stop;
             names.emplace_back(commandLine.substr(at, stop - at));
             at = stop;
         }

@@ -20,8 +20,8 @@ bool RemoveNewInstanceSwitch(std::string& commandLine);
 // Empty for an empty command line.
 std::string HandOverName(std::string_view commandLine, std::string_view currentDirectory);
 
-// Splits at blanks; a name in double quotes may hold blanks, and a quote left open takes the
-// rest of the text. Empty names are dropped.
+// Splits at white space (blanks and tabs); a name in double quotes may hold blanks, and a
+// quote left open takes the rest of the text. Empty names are dropped.
 std::vector<std::string> SplitFileNames(std::string_view commandLine);
 
 } // namespace ruvo

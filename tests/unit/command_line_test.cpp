@@ -13,6 +13,9 @@ TEST(CommandLineNames, SplitAtBlanks) {
     EXPECT_EQ(SplitFileNames("   "), Names{});
     EXPECT_EQ(SplitFileNames("top.vhd"), (Names{"top.vhd"}));
     EXPECT_EQ(SplitFileNames("  a.vhd   b.v  c\\d.vhd "), (Names{"a.vhd", "b.v", "c\\d.vhd"}));
+    EXPECT_EQ(SplitFileNames("a.vhd\tb.v \t c.vhd\t"), (Names{"a.vhd", "b.v", "c.vhd"}))
+        << "tabs separate names as blanks do";
+    EXPECT_EQ(SplitFileNames("\"tab\tinside.vhd\"\tb.v"), (Names{"tab\tinside.vhd", "b.v"}));
 }
 
 TEST(CommandLineNames, QuotesKeepBlanksInsideOneName) {
