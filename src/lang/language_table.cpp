@@ -55,11 +55,16 @@ void RestoreLanguageTable() {
 
 const LanguageDef* languageForFile(std::string_view name) {
     const LanguageDef* table = TheEditor().languages.table;
-    const std::optional<std::string> extension = name.empty() ? std::nullopt : Extension(name);
-    if (!extension || extension->empty()) return &table[0];
+    // A name without a dot has no extension; "a." has an empty one, which an empty last
+    // element of a list ("txt,") matches.
+    const std::optional<std::string> file = name.empty() ? std::nullopt : FileNamePart(name);
+    if (!file) return &table[0];
+    const size_t dot = file->find('.');
+    if (dot == std::string::npos) return &table[0];
+    const std::string_view extension = std::string_view(*file).substr(dot + 1);
     for (int i = 1; i < LanguageCount; ++i) {
         if (!table[i].IsUsed()) continue;
-        if (ExtensionListMatches(table[i].extensions, *extension)) return &table[i];
+        if (ExtensionListMatches(table[i].extensions, extension)) return &table[i];
     }
     return &table[0];
 }

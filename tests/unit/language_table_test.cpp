@@ -169,6 +169,16 @@ TEST_F(LanguageTableTest, LastExtensionMustMatchExactlyOthersArePrefixes) {
     EXPECT_EQ(languageForFile("x.vhd"), &LanguageEntry(1));
 }
 
+TEST_F(LanguageTableTest, NameEndingInADotHasAnEmptyExtension) {
+    // Only an empty last element equals the empty extension; a name without a dot has none.
+    Languages({{"VHDL", "vhd,vhdl"}, {"Notes", "txt,"}});
+    EXPECT_EQ(LanguageOf("a."), "Notes");
+    EXPECT_EQ(LanguageOf("dir.x\\a."), "Notes");
+    EXPECT_EQ(LanguageOf("a"), "None");
+    EXPECT_EQ(LanguageOf("dir.x\\a"), "None");
+    EXPECT_EQ(LanguageOf("a.txt"), "Notes");
+}
+
 TEST_F(LanguageTableTest, SingleElementListIsExactAndTheFirstMatchingLanguageWins) {
     Languages({{"Short", "vhd"}, {"Long", "vhd,vhdx"}});
     EXPECT_EQ(LanguageOf("a.vhdl"), "Long"); // only through the prefix rule of "Long"
