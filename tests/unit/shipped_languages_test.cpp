@@ -3,6 +3,9 @@
 #include <string>
 #include <vector>
 
+#include "docs/file_dialogs.h"
+#include "engine/edit_buffer.h"
+#include "engine/editor.h"
 #include "lang/keyword_lookup.h"
 #include "lang/language_io.h"
 #include "lang/language_table.h"
@@ -63,6 +66,24 @@ TEST_F(ShippedLanguagesTest, ExtensionsReachTheirLanguageOnly) {
             start = comma + 1;
         }
     }
+}
+
+TEST_F(ShippedLanguagesTest, FileDialogsOfferEachFileTypeOnce) {
+    // "All files" comes from "None" alone; each language adds its own pair.
+    const auto filterWith = [&](EditBuffer* current) {
+        editor.engine.currentBuffer = current;
+        buildFileDialogFilter();
+        return editor.documents.fileDialogFilter;
+    };
+    EXPECT_EQ(filterWith(nullptr), "All files(*.*)|*.*|"
+                                   "VHDL files (*.vhd;*.vhdl)|*.vhd;*.vhdl|"
+                                   "Verilog files (*.v;*.vh)|*.v;*.vh|");
+    EditBuffer verilogBuffer;
+    verilogBuffer.language = &LanguageEntry(2);
+    EXPECT_EQ(filterWith(&verilogBuffer), "Verilog files (*.v;*.vh)|*.v;*.vh|"
+                                          "All files(*.*)|*.*|"
+                                          "VHDL files (*.vhd;*.vhdl)|*.vhd;*.vhdl|");
+    editor.engine.currentBuffer = nullptr;
 }
 
 TEST_F(ShippedLanguagesTest, VhdlColoursAsADesignerExpects) {
