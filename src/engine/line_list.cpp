@@ -10,7 +10,9 @@ namespace ruvo {
 
 char* DupString(const char* text, int length) {
     if (text == nullptr) return nullptr;
-    const size_t size = length > 0 ? static_cast<size_t>(length) : std::strlen(text);
+    // A length past the end of a shorter text copies the text only, never what follows it.
+    const size_t size =
+        length > 0 ? strnlen(text, static_cast<size_t>(length)) : std::strlen(text);
     char* copy = static_cast<char*>(Allocate(nullptr, 0, static_cast<long>(size) + 1, 1));
     if (copy == nullptr) return nullptr;
     std::memcpy(copy, text, size);
@@ -70,10 +72,16 @@ int AppendLine(LineList* list, std::string_view text) {
 }
 
 LineList* CopyLineList(const LineList* source, LineList* target) {
-    if (target == nullptr) target = CreateLineList(source->lineCount > 0 ? source->lineCount : 1, 0);
+    const bool created = target == nullptr;
+    if (created) target = CreateLineList(source->lineCount > 0 ? source->lineCount : 1, 0);
     if (target == nullptr) return nullptr;
-    for (int32_t i = 0; i < source->lineCount; ++i)
-        if (AppendLine(target, source->lineText[i]) != 0) return nullptr;
+    for (int32_t i = 0; i < source->lineCount; ++i) {
+        if (AppendLine(target, source->lineText[i]) != 0) {
+            // A list made here would be lost to the caller, who only sees the failure.
+            if (created) DestroyLineList(target);
+            return nullptr;
+        }
+    }
     return target;
 }
 

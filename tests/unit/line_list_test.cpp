@@ -65,5 +65,31 @@ TEST_F(LineListTest, AllocationFailureLeavesTheListAsItWas) {
     DestroyLineList(list);
 }
 
+TEST_F(LineListTest, DupStringCopiesAtMostTheText) {
+    char* shortCopy = DupString("ab", 10); // a length past the text stops at its end
+    ASSERT_NE(shortCopy, nullptr);
+    EXPECT_STREQ(shortCopy, "ab");
+    Release(shortCopy);
+    EXPECT_EQ(DupString(nullptr, 3), nullptr);
+}
+
+TEST_F(LineListTest, AFailedCopyLeavesNoListBehind) {
+    LineList* list = CreateLineList(4, 0);
+    for (const char* text : {"one", "two", "three"}) AppendLine(list, text);
+    // Room for the new list and its array, not for the lines: the copy fails part-way and
+    // the sanitizer's leak check sees whether the half-made list was freed.
+    editor.settings.allocator.limitBytes =
+        editor.settings.allocator.totalBytes + static_cast<long>(sizeof(LineList)) +
+        3 * static_cast<long>(sizeof(char*)) + 4;
+    EXPECT_EQ(CopyLineList(list, nullptr), nullptr);
+    EXPECT_TRUE(AllocationFailed());
+    editor.settings.allocator.limitBytes = -1;
+    LineList* copy = CopyLineList(list, nullptr);
+    ASSERT_NE(copy, nullptr);
+    EXPECT_STREQ(copy->lineText[2], "three");
+    DestroyLineList(copy);
+    DestroyLineList(list);
+}
+
 } // namespace
 } // namespace ruvo
