@@ -1,11 +1,12 @@
 // The common open and save dialogs and the filter they offer.
 #include "docs/file_dialogs.h"
 
+#include <algorithm>
+
 #include "engine/edit_buffer.h"
 #include "engine/editor.h"
 #include "host/host.h"
 #include "lang/language_state.h"
-#include "settings/path_names.h"
 
 namespace ruvo {
 
@@ -36,8 +37,11 @@ std::optional<FileDialogChoice> fileDialog(bool save, std::string_view title,
     request.initialDirectory = documents.lastDialogDirectory;
     std::optional<FileDialogResult> result = TheEditor().host.FileDialog(request);
     if (!result || result->fileName.empty()) return std::nullopt;
-    if (std::optional<std::string> directory = DirectoryPart(result->fileName))
-        documents.lastDialogDirectory = *directory;
+    // Cut before the file name, keeping the separator: C:\a.vhd lies in C:\ (the root),
+    // whereas C: alone would mean the current folder of drive C.
+    const size_t separator = result->fileName.find_last_of(":/\\");
+    const size_t cut = separator == std::string::npos ? 0 : separator + 1;
+    documents.lastDialogDirectory = result->fileName.substr(0, std::min<size_t>(cut, 255));
     return FileDialogChoice{result->fileName, result->readOnly};
 }
 

@@ -137,7 +137,17 @@ TEST_F(DocumentsOpenTest, LoadFileUsesTheOpenDialogAndItsReadOnlyBox) {
               "All files(*.*)|*.*|VHDL(*.vhd)|*.vhd|Verilog(*.v)|*.v|");
     ASSERT_NE(Current(), nullptr);
     EXPECT_EQ(Current()->lines.readOnly, 1);
-    EXPECT_EQ(editor.documents.lastDialogDirectory, path.substr(0, path.rfind('/')));
+    EXPECT_EQ(editor.documents.lastDialogDirectory, path.substr(0, path.rfind('/') + 1));
+
+    // A file in the root of a drive leaves the next dialog in that root, not in "C:".
+    host.fileDialogAnswers.push_back(FileDialogResult{"C:\\top.vhd", "", false});
+    host.answers.push_back(AnswerNo); // no such file here: nothing is created
+    EXPECT_EQ(LoadFile(), 0);
+    EXPECT_EQ(editor.documents.lastDialogDirectory, "C:\\");
+    host.fileDialogAnswers.push_back(FileDialogResult{"top.vhd", "", false});
+    host.answers.push_back(AnswerNo);
+    EXPECT_EQ(LoadFile(), 0);
+    EXPECT_EQ(editor.documents.lastDialogDirectory, "");
 }
 
 TEST_F(DocumentsOpenTest, FailuresLeaveNoBufferBehind) {

@@ -170,7 +170,7 @@ TEST_F(FileSavingTest, UnnamedBufferAsksForANameAndTakesItsLanguage) {
     EXPECT_EQ(buffer.language, &LanguageEntry(1));
     EXPECT_EQ(host.redrawnWindows.back(), &buffer);
     EXPECT_TRUE(host.lzCopies.empty()); // an unnamed buffer has nothing to back up
-    EXPECT_EQ(editor.documents.lastDialogDirectory, path.substr(0, path.rfind('/')));
+    EXPECT_EQ(editor.documents.lastDialogDirectory, path.substr(0, path.rfind('/') + 1));
 
     // The next dialog starts where this one ended, with the current language first.
     host.fileDialogAnswers.push_back(std::nullopt);
