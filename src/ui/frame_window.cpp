@@ -16,6 +16,7 @@
 #include "settings/program_version.h"
 #include "ui/ctl3d.h"
 #include "ui/edit_window.h"
+#include "ui/editor_font.h"
 #include "ui/status_window.h"
 #include "ui/win_host.h"
 #include "ui/window_classes.h"
@@ -95,6 +96,7 @@ void OnCreate(HWND frame) {
     HMENU menu = GetMenu(frame);
     client.hWindowMenu = menu != nullptr ? GetSubMenu(menu, WindowMenuPosition) : nullptr;
     client.idFirstChild = FirstWindowListId;
+    (void)CreateEditorFont(); // on failure the edit windows fall back to the stock fixed font
     // The client covers the whole area until the first size change lays the children out;
     // edit windows opened from the command line take their default size from it.
     RECT area;
