@@ -97,7 +97,8 @@ bool WinHost::ProfileWriteString(std::string_view file, std::string_view section
 
 std::string WinHost::ProgramPath() {
     char path[PathCapacity] = {};
-    const DWORD length = GetModuleFileNameA(nullptr, path, PathCapacity - 1);
+    // The size counts the terminator: a path of up to 255 characters comes back whole.
+    const DWORD length = GetModuleFileNameA(nullptr, path, PathCapacity);
     return std::string(path, std::min<DWORD>(length, PathCapacity - 1));
 }
 
