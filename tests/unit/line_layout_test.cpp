@@ -59,53 +59,42 @@ class LineLayoutTest : public EditorTest {
 };
 
 TEST_F(LineLayoutTest, FontHeightFollowsThePointSizeAndTheScreen) {
-    EXPECT_EQ(EditorFontPointSize("12"), 12);
-    EXPECT_EQ(EditorFontPointSize(" 14pt"), 14);
-    // Zero, negative sizes and texts that are no number give the 10-point font.
-    for (const char* bad : {"0", "", "abc", "-3", " "})
-        EXPECT_EQ(EditorFontPointSize(bad), 10) << bad;
-
-    // Rounded to the nearest pixel, as MulDiv does, and negative (a character height).
-    EXPECT_EQ(EditorFontHeight("10", 96), -13); // 13.33
-    EXPECT_EQ(EditorFontHeight("11", 96), -15); // 14.67
-    EXPECT_EQ(EditorFontHeight("9", 96), -12);  // exactly 12
-    EXPECT_EQ(EditorFontHeight("0", 120), -17); // 16.67 for 10 points
-    EXPECT_EQ(EditorFontHeight("x", 72), -10);
-
-    EXPECT_EQ(MulDivRounded(5, 3, 2), 8); // halves go away from zero
-    EXPECT_EQ(MulDivRounded(-5, 3, 2), -8);
-    EXPECT_EQ(MulDivRounded(5, 3, -2), -8);
-    EXPECT_EQ(MulDivRounded(7, 1, 3), 2);
-    EXPECT_EQ(MulDivRounded(1, 1, 0), -1);
-    EXPECT_EQ(MulDivRounded(1 << 30, 8, 1), -1);
+    // Zero, negative sizes and texts that are no number give the 10-point font; the height is
+    // negative (a character height) and rounded to the nearest pixel, as MulDiv does.
+    const struct {
+        const char* size;
+        int points, at96, at120;
+    } fonts[] = {{"12", 12, -16, -20}, {" 14pt", 14, -19, -23}, {"11", 11, -15, -18},
+                 {"9", 9, -12, -15},   {"0", 10, -13, -17},     {"", 10, -13, -17},
+                 {"abc", 10, -13, -17}, {"-3", 10, -13, -17},   {" ", 10, -13, -17}};
+    for (const auto& font : fonts) {
+        EXPECT_EQ(EditorFontPointSize(font.size), font.points) << font.size;
+        EXPECT_EQ(EditorFontHeight(font.size, 96), font.at96) << font.size;
+        EXPECT_EQ(EditorFontHeight(font.size, 120), font.at120) << font.size;
+    }
+    // Halves go away from zero; a zero divisor or an overflow gives -1.
+    const int mulDivs[][4] = {{5, 3, 2, 8},  {-5, 3, 2, -8},  {5, 3, -2, -8},
+                              {7, 1, 3, 2},  {1, 1, 0, -1},   {1 << 30, 8, 1, -1}};
+    for (const auto& m : mulDivs)
+        EXPECT_EQ(MulDivRounded(m[0], m[1], m[2]), m[3]) << m[0] << "*" << m[1] << "/" << m[2];
 }
 
 TEST_F(LineLayoutTest, MeasuringUsesTheSharedCellAndTheMarginSetting) {
-    // Before the first measurement the cell is 5 x 13.
-    Editor fresh(host);
-    EXPECT_EQ(fresh.engine.display.charWidth, 5);
-    EXPECT_EQ(fresh.engine.display.lineHeight, 13);
-    EXPECT_EQ(fresh.engine.display.marginSetting, 7);
-
     TestBuffer buffer("x");
     MeasureBuffer(*buffer, 645, 479);
     EXPECT_EQ(buffer->marginColumns, 7);
     EXPECT_EQ(buffer->windowColumns, 80);
     EXPECT_EQ(buffer->marginWidth, 56);
-    EXPECT_EQ(buffer->clientWidth, 645);
     EXPECT_EQ(buffer->visibleLines, 31);
     EXPECT_EQ(buffer->visibleColumns, 73);
+    EXPECT_EQ(TextColumnX(*buffer, 0), 56);
 
     // Line numbers off: the text starts at the left edge.
     SetLineNumbersShown(false);
     MeasureBuffer(*buffer, 645, 479);
-    EXPECT_EQ(buffer->marginColumns, 0);
     EXPECT_EQ(buffer->marginWidth, 0);
     EXPECT_EQ(buffer->visibleColumns, 80);
     EXPECT_EQ(TextColumnX(*buffer, 0), 0);
-    SetLineNumbersShown(true);
-    MeasureBuffer(*buffer, 645, 479);
-    EXPECT_EQ(TextColumnX(*buffer, 0), 56);
 
     // A zero-sized cell never divides by zero.
     SetFontMetrics(0, 0);
@@ -121,27 +110,22 @@ TEST_F(LineLayoutTest, PaintPlanCoversVisibleRowsAndBlanksBelowTheText) {
     Measure(*buffer);
     buffer->topLine = 10;
 
-    // A full repaint draws the visible rows and the partial one after them, no blank area.
-    PaintPlan plan = PlanPaint(*buffer, 0, buffer->lines.lineCount, true);
-    EXPECT_EQ(plan.firstLine, 10);
-    EXPECT_EQ(plan.endLine, 43);
-    EXPECT_TRUE(plan.margin);
-    EXPECT_FALSE(plan.clip);
-    EXPECT_FALSE(plan.blankBelow);
-
-    // One line: no margin, no blank area.
-    plan = PlanPaint(*buffer, 12, 12, false);
-    EXPECT_EQ(plan.firstLine, 12);
-    EXPECT_EQ(plan.endLine, 13);
-    EXPECT_FALSE(plan.margin);
-    EXPECT_FALSE(plan.blankBelow);
-
-    // Near the end the area below the last line is painted white.
+    // A full repaint draws the visible rows and the partial one after them; one line gets
+    // no margin; near the end the area below the last line is painted white.
+    const auto expectPlan = [&](int32_t from, int32_t to, bool whole, int32_t first, int32_t end,
+                                bool margin, bool blank) {
+        const PaintPlan plan = PlanPaint(*buffer, from, to, whole);
+        EXPECT_EQ(plan.firstLine, first);
+        EXPECT_EQ(plan.endLine, end);
+        EXPECT_EQ(plan.margin, margin);
+        EXPECT_FALSE(plan.clip);
+        EXPECT_EQ(plan.blankBelow, blank);
+        return plan;
+    };
+    expectPlan(0, 101, true, 10, 43, true, false);
+    expectPlan(12, 12, false, 12, 13, false, false);
     buffer->topLine = 90;
-    plan = PlanPaint(*buffer, 95, buffer->lines.lineCount, true);
-    EXPECT_EQ(plan.firstLine, 95);
-    EXPECT_EQ(plan.endLine, 101);
-    EXPECT_TRUE(plan.blankBelow);
+    const PaintPlan plan = expectPlan(95, 101, true, 95, 101, true, true);
     EXPECT_EQ(plan.blankFromRow, 11);
     EXPECT_EQ(BlankBelowRect(*buffer, plan.blankFromRow), (PixelRect{56, 165, 648, 495}));
 
@@ -167,20 +151,24 @@ TEST_F(LineLayoutTest, RowsAreColouredAndSplitAtTheSelection) {
     buffer->language = &language;
     Measure(*buffer);
 
+    const auto colours = [&](int32_t line) {
+        RowLayout layout;
+        LayOutRow(*buffer, line, layout);
+        std::vector<uint32_t> found;
+        for (int i = 0; i < layout.count; ++i)
+            found.push_back(layout.segments[i].color);
+        return found;
+    };
+    using Colours = std::vector<uint32_t>;
     EXPECT_EQ(Describe(*buffer, 0), "[entity]@0[ alu ]@6[is]@11[ ]@13[-- top]@14 white");
-    RowLayout layout;
-    LayOutRow(*buffer, 0, layout);
-    EXPECT_EQ(layout.segments[0].color, KeywordColour);
-    EXPECT_EQ(layout.segments[1].color, TextColour);
-    EXPECT_EQ(layout.segments[4].color, CommentColour);
-    EXPECT_EQ(layout.endColumn, 20);
+    EXPECT_EQ(colours(0), (Colours{KeywordColour, TextColour, KeywordColour, TextColour,
+                                   CommentColour}));
 
     // A selection inside one line splits the runs at its columns; selected text is white.
     buffer.Select(MakePos(0, 3), MakePos(0, 9));
     EXPECT_EQ(Describe(*buffer, 0), "[ent]@0[ity]*@3[ al]*@6[u ]@9[is]@11[ ]@13[-- top]@14 white");
-    LayOutRow(*buffer, 0, layout);
-    EXPECT_EQ(layout.segments[1].color, ColorWhite);
-    EXPECT_EQ(layout.segments[0].color, KeywordColour);
+    EXPECT_EQ(colours(0)[0], KeywordColour);
+    EXPECT_EQ(colours(0)[1], ColorWhite);
 
     // Over several lines: from the start column to the end of the first line (the row's
     // rest black), whole lines inside, and up to the end column on the last line.
@@ -200,11 +188,11 @@ TEST_F(LineLayoutTest, RowsAreColouredAndSplitAtTheSelection) {
     editor.settings.options.colors = false;
     buffer.Select(MakePos(1, 2), MakePos(1, 4));
     EXPECT_EQ(Describe(*buffer, 1), "[si]@0[gn]*@2[al a]@4 white");
-    LayOutRow(*buffer, 1, layout);
-    EXPECT_EQ(layout.segments[0].color, ColorBlack);
+    EXPECT_EQ(colours(1)[0], ColorBlack);
 
     // An empty line has no segments; its row is filled from column 0.
     TestBuffer empty("\nx");
+    RowLayout layout;
     LayOutRow(*empty, 0, layout);
     EXPECT_EQ(layout.count, 0);
     EXPECT_EQ(layout.endColumn, 0);
@@ -268,7 +256,6 @@ TEST_F(LineLayoutTest, TabsExpandFromTheTextsOwnColumnZero) {
     Measure(*buffer);
 
     EXPECT_EQ(Describe(*buffer, 0), "[\t]@0~[end]@4[ x\t]@7~[is]@12 white");
-    EXPECT_EQ(Describe(*buffer, 1), "[ab\tc]@0~ white");
     RowLayout layout;
     LayOutRow(*buffer, 1, layout);
     EXPECT_EQ(layout.endColumn, 5);
@@ -343,13 +330,15 @@ TEST_F(LineLayoutTest, ErrorMarkersOfTheOwningBufferOnPaintedLines) {
                          {{3, 1, 0}, {8, 2, 2}, {9, 3, 0}, {40, 4, 0}, {0, -1, 0}, {10, 6, 0}}};
     theErrors = &errors;
     ErrorMarker markers[16];
-    const PaintPlan full = PlanPaint(*buffer, 0, buffer->lines.lineCount, true);
-    // No source installed: no markers.
-    EXPECT_EQ(CollectErrorMarkers(*buffer, full, markers, 16), 0);
+    const auto count = [&](EditBuffer& b, int32_t from, int32_t to, bool whole) {
+        return CollectErrorMarkers(b, PlanPaint(b, from, to, whole), markers, 16);
+    };
+    const PaintPlan full = PlanPaint(*buffer, 0, 60, true);
+    EXPECT_EQ(count(*buffer, 0, 60, true), 0); // no source installed
 
     editor.engine.display.errorSource = ErrorEntry;
     // Line 3 is above the view, line 40 below it, line 10 after the closing entry.
-    ASSERT_EQ(CollectErrorMarkers(*buffer, full, markers, 16), 2);
+    ASSERT_EQ(count(*buffer, 0, 60, true), 2);
     EXPECT_EQ(markers[0].line, 7);
     EXPECT_EQ(markers[0].color, ColorYellow);
     EXPECT_EQ(markers[1].line, 8);
@@ -358,18 +347,16 @@ TEST_F(LineLayoutTest, ErrorMarkersOfTheOwningBufferOnPaintedLines) {
     EXPECT_EQ(CollectErrorMarkers(*buffer, full, markers, 1), 1);
 
     // Only the painted lines, only the owner, only when the margin is painted.
-    EXPECT_EQ(CollectErrorMarkers(*buffer, PlanPaint(*buffer, 8, 20, true), markers, 16), 1);
-    EXPECT_EQ(CollectErrorMarkers(*other, PlanPaint(*other, 0, 60, true), markers, 16), 0);
-    EXPECT_EQ(CollectErrorMarkers(*buffer, PlanPaint(*buffer, 0, 60, false), markers, 16), 0);
-    SetLineNumbersShown(false);
-    Measure(*buffer);
-    EXPECT_EQ(CollectErrorMarkers(*buffer, PlanPaint(*buffer, 0, 60, true), markers, 16), 0);
-
+    EXPECT_EQ(count(*buffer, 8, 20, true), 1);
+    EXPECT_EQ(count(*other, 0, 60, true), 0);
+    EXPECT_EQ(count(*buffer, 0, 60, false), 0);
     // -2 closes the list as well.
     errors.entries[1].resultLine = -2;
-    SetLineNumbersShown(true);
+    EXPECT_EQ(count(*buffer, 0, 60, true), 0);
+    errors.entries[1].resultLine = 2;
+    SetLineNumbersShown(false);
     Measure(*buffer);
-    EXPECT_EQ(CollectErrorMarkers(*buffer, full, markers, 16), 0);
+    EXPECT_EQ(count(*buffer, 0, 60, true), 0);
     theErrors = nullptr;
 }
 
@@ -388,7 +375,6 @@ TEST_F(LineLayoutTest, FoundTextIsDrawnOnceAndTakenAwayByTheNext) {
     EXPECT_EQ(segment.displayColumn, 8); // after the tab
     EXPECT_EQ(segment.length, 4);
     EXPECT_TRUE(segment.inverted);
-    EXPECT_FALSE(segment.hasTabs);
 
     // The next match first redraws the old line normally.
     ShowFoundText(*buffer, MakePos(1, 0), MakePos(1, 6));
