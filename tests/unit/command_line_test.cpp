@@ -8,62 +8,55 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-TEST(CommandLineNames, SplitAtBlanks) {
-    EXPECT_EQ(SplitFileNames(""), Names{});
-    EXPECT_EQ(SplitFileNames("   "), Names{});
-    EXPECT_EQ(SplitFileNames("top.vhd"), (Names{"top.vhd"}));
-    EXPECT_EQ(SplitFileNames("  a.vhd   b.v  c\\d.vhd "), (Names{"a.vhd", "b.v", "c\\d.vhd"}));
-    EXPECT_EQ(SplitFileNames("a.vhd\tb.v \t c.vhd\t"), (Names{"a.vhd", "b.v", "c.vhd"}))
-        << "tabs separate names as blanks do";
-    EXPECT_EQ(SplitFileNames("\"tab\tinside.vhd\"\tb.v"), (Names{"tab\tinside.vhd", "b.v"}));
+TEST(CommandLine, NamesSplitAtBlanksAndTabsAndQuotesKeepThemInside) {
+    const struct {
+        const char* line;
+        Names names;
+    } cases[] = {
+        {"", {}}, {"   ", {}}, {"top.vhd", {"top.vhd"}},
+        {"  a.vhd   b.v  c\\d.vhd ", {"a.vhd", "b.v", "c\\d.vhd"}},
+        {"a.vhd\tb.v \t c.vhd\t", {"a.vhd", "b.v", "c.vhd"}},
+        {"\"tab\tinside.vhd\"\tb.v", {"tab\tinside.vhd", "b.v"}},
+        {"\"my design\\alu top.vhd\" b.v", {"my design\\alu top.vhd", "b.v"}},
+        {"a.v \"\" b.v", {"a.v", "b.v"}}, // an empty quoted name names no file
+        {"a.v \"open quote takes  the rest", {"a.v", "open quote takes  the rest"}},
+        {"\"x\"y", {"x", "y"}}, // a closing quote ends the name without a blank after it
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(SplitFileNames(c.line), c.names) << c.line;
 }
 
-TEST(CommandLineNames, QuotesKeepBlanksInsideOneName) {
-    EXPECT_EQ(SplitFileNames("\"my design\\alu top.vhd\" b.v"),
-              (Names{"my design\\alu top.vhd", "b.v"}));
-    EXPECT_EQ(SplitFileNames("a.v \"\" b.v"), (Names{"a.v", "b.v"}))
-        << "an empty quoted name names no file";
-    EXPECT_EQ(SplitFileNames("a.v \"open quote takes  the rest"),
-              (Names{"a.v", "open quote takes  the rest"}));
-    EXPECT_EQ(SplitFileNames("\"x\"y"), (Names{"x", "y"}))
-        << "a closing quote ends the name even without a blank after it";
-}
-
-TEST(CommandLineSwitches, PrintTakesTheTextAfterTheSwitch) {
+TEST(CommandLine, PrintTakesTheTextAfterTheSwitchAndNewInstanceIsRemovedOnce) {
     EXPECT_EQ(PrintRequest("a.vhd b.vhd"), std::nullopt);
     EXPECT_EQ(PrintRequest("/p   C:\\work\\top.vhd"), "C:\\work\\top.vhd");
     EXPECT_EQ(PrintRequest("x.vhd /ptop.vhd"), "top.vhd") << "anywhere, with or without blanks";
     EXPECT_EQ(PrintRequest("/p"), "") << "the switch alone still prints and ends";
     EXPECT_EQ(PrintRequest("/n /p a.v"), "a.v");
+
+    const struct {
+        const char* line;
+        bool found;
+        const char* left;
+    } removals[] = {{"/n C:\\work\\a.vhd", true, " C:\\work\\a.vhd"},
+                    {"a.vhd/nb.vhd /n", true, "a.vhdb.vhd /n"}, // only the first one goes
+                    {"a.vhd", false, "a.vhd"}};
+    for (const auto& r : removals) {
+        std::string line = r.line;
+        EXPECT_EQ(RemoveNewInstanceSwitch(line), r.found) << r.line;
+        EXPECT_EQ(line, r.left);
+    }
 }
 
-TEST(CommandLineSwitches, NewInstanceSwitchIsRemovedOnce) {
-    std::string line = "/n C:\\work\\a.vhd";
-    EXPECT_TRUE(RemoveNewInstanceSwitch(line));
-    EXPECT_EQ(line, " C:\\work\\a.vhd");
-    EXPECT_EQ(SplitFileNames(line), (Names{"C:\\work\\a.vhd"}));
-
-    line = "a.vhd/nb.vhd /n";
-    EXPECT_TRUE(RemoveNewInstanceSwitch(line));
-    EXPECT_EQ(line, "a.vhdb.vhd /n") << "only the two characters of the first one go";
-
-    line = "a.vhd";
-    EXPECT_FALSE(RemoveNewInstanceSwitch(line));
-    EXPECT_EQ(line, "a.vhd");
-}
-
-TEST(CommandLineHandOver, WholeLineBecomesOneAbsoluteName) {
-    EXPECT_EQ(HandOverName("", "C:\\work"), "") << "nothing to hand over";
-    EXPECT_EQ(HandOverName("top.vhd", "C:\\work"), "C:\\work\\top.vhd");
-    EXPECT_EQ(HandOverName("rtl\\alu.vhd", "C:\\work"), "C:\\work\\rtl\\alu.vhd");
-    EXPECT_EQ(HandOverName("a.vhd b.vhd", "C:\\work"), "C:\\work\\a.vhd b.vhd")
-        << "the whole line is one name, blanks and all";
-    EXPECT_EQ(HandOverName("C:\\rtl\\alu.vhd", "C:\\work"), "C:\\rtl\\alu.vhd");
-    EXPECT_EQ(HandOverName("d:/rtl/alu.vhd", "C:\\work"), "d:/rtl/alu.vhd");
-    EXPECT_EQ(HandOverName("\\\\server\\alu.vhd", "C:\\work"), "\\\\server\\alu.vhd");
-    EXPECT_EQ(HandOverName("/rtl/alu.vhd", "C:\\work"), "/rtl/alu.vhd");
-    EXPECT_EQ(HandOverName("C:alu.vhd", "C:\\work"), "C:\\work\\C:alu.vhd")
-        << "a drive without a separator is not absolute";
+TEST(CommandLine, HandOverMakesTheWholeLineOneAbsoluteName) {
+    const char* const cases[][2] = {
+        {"", ""}, {"top.vhd", "C:\\work\\top.vhd"}, {"rtl\\alu.vhd", "C:\\work\\rtl\\alu.vhd"},
+        {"a.vhd b.vhd", "C:\\work\\a.vhd b.vhd"}, // blanks and all
+        {"C:\\rtl\\alu.vhd", "C:\\rtl\\alu.vhd"}, {"d:/rtl/alu.vhd", "d:/rtl/alu.vhd"},
+        {"\\\\server\\alu.vhd", "\\\\server\\alu.vhd"}, {"/rtl/alu.vhd", "/rtl/alu.vhd"},
+        {"C:alu.vhd", "C:\\work\\C:alu.vhd"}, // a drive without a separator is not absolute
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(HandOverName(c[0], "C:\\work"), c[1]) << c[0];
 }
 
 } // namespace
