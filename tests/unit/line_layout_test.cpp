@@ -159,10 +159,9 @@ TEST_F(LineLayoutTest, RowsAreColouredAndSplitAtTheSelection) {
             found.push_back(layout.segments[i].color);
         return found;
     };
-    using Colours = std::vector<uint32_t>;
     EXPECT_EQ(Describe(*buffer, 0), "[entity]@0[ alu ]@6[is]@11[ ]@13[-- top]@14 white");
-    EXPECT_EQ(colours(0), (Colours{KeywordColour, TextColour, KeywordColour, TextColour,
-                                   CommentColour}));
+    EXPECT_EQ(colours(0), (std::vector<uint32_t>{KeywordColour, TextColour, KeywordColour,
+                                                 TextColour, CommentColour}));
 
     // A selection inside one line splits the runs at its columns; selected text is white.
     buffer.Select(MakePos(0, 3), MakePos(0, 9));
@@ -273,48 +272,27 @@ TEST_F(LineLayoutTest, TabsExpandFromTheTextsOwnColumnZero) {
     buffer.Select(MakePos(0, 5), MakePos(0, 8));
     EXPECT_EQ(Describe(*buffer, 0), "[\t]@0~[end]@4[ ]@7[x\t]*@8~[i]*@12[s]@13 white");
 
+    // The caret follows the screen column; scrolled sideways it sits at the margin's edge at
+    // the left column, and left of it out of sight rather than at column 0.
+    buffer.PlaceCaret(1, 3); // after the tab: screen column 4, window row 1
+    const int columns[][2] = {{0, (7 + 4) * 8}, {4, 7 * 8}, {5, -8}};
+    for (const auto& c : columns) {
+        buffer->leftColumn = c[0];
+        EXPECT_EQ(CaretPosition(*buffer), (CaretPixel{c[1], 15})) << c[0];
+    }
+    EXPECT_EQ(CaretWidth(), 2);
+    editor.engine.overwriteMode = true;
+    EXPECT_EQ(CaretWidth(), 8);
+
     editor.settings.options.tabSize = 8;
     EXPECT_EQ(Describe(*buffer, 1), "[ab\tc]@0~ white");
     LayOutRow(*buffer, 1, layout);
     EXPECT_EQ(layout.endColumn, 9);
 }
 
-TEST_F(LineLayoutTest, CaretFollowsTheScreenColumnAndHidesLeftOfTheView) {
-    editor.settings.options.tabSize = 4;
-    TestBuffer buffer("a\tbc\nline two\nthree");
-    Measure(*buffer);
-
-    buffer.PlaceCaret(0, 2); // after the tab: screen column 4
-    EXPECT_EQ(CaretPosition(*buffer), (CaretPixel{(7 + 4) * 8, 0}));
-    buffer.PlaceCaret(2, 3);
-    buffer->topLine = 1;
-    EXPECT_EQ(CaretPosition(*buffer), (CaretPixel{(7 + 3) * 8, 15}));
-
-    // Scrolled sideways: at the left column it sits at the margin's edge, left of it out of
-    // sight rather than at column 0.
-    buffer->leftColumn = 3;
-    EXPECT_EQ(CaretPosition(*buffer), (CaretPixel{7 * 8, 15}));
-    buffer->leftColumn = 4;
-    EXPECT_EQ(CaretPosition(*buffer), (CaretPixel{-8, 15}));
-
-    EXPECT_EQ(CaretWidth(), 2);
-    editor.engine.overwriteMode = true;
-    EXPECT_EQ(CaretWidth(), 8);
-}
-
-// A compiler error list owned by one buffer, as the compiler support will install it.
-struct FakeErrorList {
-    const EditBuffer* owner = nullptr;
-    std::vector<MarginError> entries;
-};
-FakeErrorList* theErrors = nullptr;
-
-bool ErrorEntry(const EditBuffer& buffer, int32_t index, MarginError& entry) {
-    if (theErrors == nullptr || &buffer != theErrors->owner) return false;
-    if (index < 0 || index >= static_cast<int32_t>(theErrors->entries.size())) return false;
-    entry = theErrors->entries[static_cast<size_t>(index)];
-    return true;
-}
+// A compiler error list owned by one buffer, as the compiler support installs it.
+const EditBuffer* errorOwner = nullptr;
+std::vector<MarginError> errorEntries;
 
 TEST_F(LineLayoutTest, ErrorMarkersOfTheOwningBufferOnPaintedLines) {
     std::string text;
@@ -326,9 +304,8 @@ TEST_F(LineLayoutTest, ErrorMarkersOfTheOwningBufferOnPaintedLines) {
     Measure(*other);
     buffer->topLine = 5;
 
-    FakeErrorList errors{buffer.get(),
-                         {{3, 1, 0}, {8, 2, 2}, {9, 3, 0}, {40, 4, 0}, {0, -1, 0}, {10, 6, 0}}};
-    theErrors = &errors;
+    errorOwner = buffer.get();
+    errorEntries = {{3, 1, 0}, {8, 2, 2}, {9, 3, 0}, {40, 4, 0}, {0, -1, 0}, {10, 6, 0}};
     ErrorMarker markers[16];
     const auto count = [&](EditBuffer& b, int32_t from, int32_t to, bool whole) {
         return CollectErrorMarkers(b, PlanPaint(b, from, to, whole), markers, 16);
@@ -336,7 +313,12 @@ TEST_F(LineLayoutTest, ErrorMarkersOfTheOwningBufferOnPaintedLines) {
     const PaintPlan full = PlanPaint(*buffer, 0, 60, true);
     EXPECT_EQ(count(*buffer, 0, 60, true), 0); // no source installed
 
-    editor.engine.display.errorSource = ErrorEntry;
+    editor.engine.display.errorSource = [](const EditBuffer& b, int32_t i, MarginError& entry) {
+        if (&b != errorOwner || i < 0 || i >= static_cast<int32_t>(errorEntries.size()))
+            return false;
+        entry = errorEntries[static_cast<size_t>(i)];
+        return true;
+    };
     // Line 3 is above the view, line 40 below it, line 10 after the closing entry.
     ASSERT_EQ(count(*buffer, 0, 60, true), 2);
     EXPECT_EQ(markers[0].line, 7);
@@ -351,13 +333,12 @@ TEST_F(LineLayoutTest, ErrorMarkersOfTheOwningBufferOnPaintedLines) {
     EXPECT_EQ(count(*other, 0, 60, true), 0);
     EXPECT_EQ(count(*buffer, 0, 60, false), 0);
     // -2 closes the list as well.
-    errors.entries[1].resultLine = -2;
+    errorEntries[1].resultLine = -2;
     EXPECT_EQ(count(*buffer, 0, 60, true), 0);
-    errors.entries[1].resultLine = 2;
+    errorEntries[1].resultLine = 2;
     SetLineNumbersShown(false);
     Measure(*buffer);
     EXPECT_EQ(count(*buffer, 0, 60, true), 0);
-    theErrors = nullptr;
 }
 
 TEST_F(LineLayoutTest, FoundTextIsDrawnOnceAndTakenAwayByTheNext) {
