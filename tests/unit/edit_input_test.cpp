@@ -90,17 +90,19 @@ TEST_F(EditInputTest, KeysMoveTheCaretAndShiftExtendsTheSelection) {
     // Page keys move by the window height and scroll with it.
     TestBuffer tall(Lines(100));
     tall->visibleLines = 10;
-    HandleKey(*tall, KeyPageDown, false, false);
-    EXPECT_EQ(tall->cursor.line, 10);
-    EXPECT_EQ(tall->topLine, 10);
-    HandleKey(*tall, KeyPageDown, true, false);
-    EXPECT_EQ(tall->selEnd, MakePos(20, 0));
-    HandleKey(*tall, KeyPageUp, false, false);
-    EXPECT_EQ(tall->cursor.line, 10);
-    EXPECT_EQ(tall->topLine, 10);
-    HandleKey(*tall, KeyPageDown, false, true);
-    EXPECT_EQ(tall->cursor, MakePos(99, 7));
-    EXPECT_EQ(tall->topLine, 90);
+    const struct {
+        int key;
+        bool shift, ctrl;
+        TextPos caret;
+        int32_t top;
+    } pages[] = {{KeyPageDown, false, false, {10, 0}, 10}, {KeyPageDown, true, false, {20, 0}, 20},
+                 {KeyPageUp, false, false, {10, 0}, 10},   {KeyPageDown, false, true, {99, 7}, 90}};
+    for (const auto& page : pages) {
+        HandleKey(*tall, page.key, page.shift, page.ctrl);
+        EXPECT_EQ(tall->cursor, page.caret);
+        EXPECT_EQ(tall->topLine, page.top);
+        EXPECT_EQ(tall->lines.hasSelection, page.shift ? 1 : 0);
+    }
 }
 
 TEST_F(EditInputTest, EditingKeysDeleteCharactersOrTheSelection) {
@@ -199,10 +201,6 @@ TEST_F(EditInputTest, OnlyTabAndCodes32To254AreTypedEachAsOneTransaction) {
         TypeChar(*buffer, code);
     EXPECT_EQ(buffer.Text(), std::string("\t \x7f\x80\xc8\xfe"));
     EXPECT_EQ(buffer.LoggedTransactions(), 6);
-    for (int i = 0; i < 3; ++i)
-        EXPECT_EQ(EditUndo(), 0);
-    EXPECT_EQ(buffer.Text(), "\t \x7f");
-    EXPECT_EQ(buffer->cursor, MakePos(0, 3));
 }
 
 TEST_F(EditInputTest, OverwriteReplacesOnlyACharacterUnderTheCaret) {
@@ -275,7 +273,6 @@ TEST_F(EditInputTest, ShiftClickExtendsFromTheAnchorAndStartsNoDrag) {
     EXPECT_TRUE(ButtonPressed(*buffer, At(*buffer, 2, 3), false, false));
     EXPECT_TRUE(ButtonReleased(*buffer));
     EXPECT_FALSE(ButtonPressed(*buffer, At(*buffer, 5, 1), true, false));
-    EXPECT_FALSE(editor.engine.input.dragging);
     EXPECT_EQ(buffer->selStart, MakePos(2, 3));
     EXPECT_EQ(buffer->selEnd, MakePos(5, 1));
     // A second Shift-click moves the free end; the anchor stays.
@@ -296,8 +293,7 @@ TEST_F(EditInputTest, DragSelectsAndOneUndoRestoresTheEarlierCaretAndSelection) 
     HandleKey(*buffer, KeyRight, true, false); // selection (1,0)-(1,1) before the drag
     const int before = buffer.LoggedTransactions();
 
-    EXPECT_TRUE(ButtonPressed(*buffer, At(*buffer, 2, 3), false, true));
-    EXPECT_TRUE(editor.engine.input.rightButtonDrag);
+    EXPECT_TRUE(ButtonPressed(*buffer, At(*buffer, 2, 3), false, true)); // the right button
     PointerMoved(*buffer, At(*buffer, 3, 4));
     PointerMoved(*buffer, At(*buffer, 4, 5));
     EXPECT_EQ(buffer->selEnd, MakePos(4, 5));
@@ -305,8 +301,6 @@ TEST_F(EditInputTest, DragSelectsAndOneUndoRestoresTheEarlierCaretAndSelection) 
     EXPECT_TRUE(host.pointerNudges.empty());        // inside the window nothing scrolls
 
     EXPECT_TRUE(ButtonReleased(*buffer));
-    EXPECT_FALSE(editor.engine.input.dragging);
-    EXPECT_FALSE(editor.engine.input.rightButtonDrag);
     EXPECT_EQ(buffer.LoggedTransactions(), before + 1);
     // Moves after the release select nothing more but still clear the message pane.
     host.statusTexts.clear();
