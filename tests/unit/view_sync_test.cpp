@@ -37,36 +37,26 @@ TEST_F(ViewSyncTest, SelectionIsOrderedAndOnlyChangedLinesAreRedrawn) {
     TestBuffer buffer(text);
     buffer->visibleLines = 10;
 
-    SetSelection(*buffer, MakePos(5, 1), MakePos(2, 3));
-    EXPECT_EQ(buffer->selStart, MakePos(2, 3));
-    EXPECT_EQ(buffer->selEnd, MakePos(5, 1));
-    EXPECT_EQ(buffer->lines.hasSelection, 1);
-    EXPECT_TRUE(CopyEnabled());
-    EXPECT_EQ(RedrawnLines(), (std::vector<int>{2, 3, 4, 5}));
-
-    // Extending the end touches only the old and the new end lines; an end at column 0
-    // shows nothing on its line, so that line is not redrawn.
-    SetSelection(*buffer, MakePos(2, 3), MakePos(6, 0));
-    EXPECT_EQ(RedrawnLines(), (std::vector<int>{5}));
-    SetSelection(*buffer, MakePos(2, 3), MakePos(6, 2));
-    EXPECT_EQ(RedrawnLines(), (std::vector<int>{6}));
-    // Moving the start within its line touches that line only.
-    SetSelection(*buffer, MakePos(2, 0), MakePos(6, 2));
-    EXPECT_EQ(RedrawnLines(), (std::vector<int>{2}));
-    // The same selection again redraws nothing but still pushes the command state.
-    host.enableCalls.clear();
-    SetSelection(*buffer, MakePos(6, 2), MakePos(2, 0));
-    EXPECT_TRUE(RedrawnLines().empty());
-    EXPECT_FALSE(host.enableCalls.empty());
-
-    // Lines outside the window are left alone.
-    SetSelection(*buffer, MakePos(2, 0), MakePos(30, 2));
-    EXPECT_EQ(RedrawnLines(), (std::vector<int>{6, 7, 8, 9, 10}));
-
-    SetSelection(*buffer, MakePos(4, 4), MakePos(4, 4));
-    EXPECT_EQ(buffer->lines.hasSelection, 0);
-    EXPECT_FALSE(CopyEnabled());
-    EXPECT_EQ(RedrawnLines(), (std::vector<int>{2, 3, 4, 5, 6, 7, 8, 9, 10}));
+    // An end at column 0 shows nothing on its line; the same selection again redraws nothing
+    // (but still pushes the command state); lines outside the window are left alone.
+    const struct {
+        TextPos from, to;
+        std::vector<int> redrawn;
+    } steps[] = {
+        {{5, 1}, {2, 3}, {2, 3, 4, 5}}, {{2, 3}, {6, 0}, {5}}, {{2, 3}, {6, 2}, {6}},
+        {{2, 0}, {6, 2}, {2}},          {{6, 2}, {2, 0}, {}},  {{2, 0}, {30, 2}, {6, 7, 8, 9, 10}},
+        {{4, 4}, {4, 4}, {2, 3, 4, 5, 6, 7, 8, 9, 10}},
+    };
+    for (const auto& step : steps) {
+        host.enableCalls.clear();
+        SetSelection(*buffer, step.from, step.to);
+        EXPECT_EQ(RedrawnLines(), step.redrawn) << step.to.line << "," << step.to.column;
+        EXPECT_EQ(buffer->selStart, PosLess(step.to, step.from) ? step.to : step.from);
+        EXPECT_EQ(buffer->selEnd, PosLess(step.to, step.from) ? step.from : step.to);
+        EXPECT_EQ(buffer->lines.hasSelection, step.from == step.to ? 0 : 1);
+        EXPECT_EQ(CopyEnabled(), step.from != step.to);
+        EXPECT_FALSE(host.enableCalls.empty());
+    }
 
     // Ends outside the text are clamped into it.
     SetSelection(*buffer, MakePos(-1, 9), MakePos(99, 99));
