@@ -329,7 +329,7 @@ TEST_F(EditInputTest, DragSelectsAndOneUndoRestoresTheEarlierCaretAndSelection) 
     expectSelection(MakePos(2, 3), MakePos(4, 5), MakePos(4, 5));
 }
 
-TEST_F(EditInputTest, DragBelowTheWindowScrollsOneLinePerMoveUntilTheLastLine) {
+TEST_F(EditInputTest, DragPastTheWindowScrollsOneLinePerMoveUntilTheLastLine) {
     TestBuffer buffer(Lines(30));
     Tall(buffer);
     EXPECT_TRUE(ButtonPressed(*buffer, At(*buffer, 5, 2), false, false));
@@ -352,6 +352,15 @@ TEST_F(EditInputTest, DragBelowTheWindowScrollsOneLinePerMoveUntilTheLastLine) {
     EXPECT_EQ(buffer->selEnd, MakePos(29, 2));
     EXPECT_EQ(buffer->topLine, 20);
 
+    // Above the window it scrolls up the same way; the move reaching line 0 stops nudging.
+    EXPECT_TRUE(ButtonPressed(*buffer, At(*buffer, 3, 4), false, false));
+    EXPECT_EQ(buffer->cursor, MakePos(23, 4));
+    EXPECT_EQ(DragUntilStill(*buffer, -LineHeight - 1).size(), 23u);
+    EXPECT_EQ(buffer->topLine, 0);
+    EXPECT_TRUE(ButtonReleased(*buffer));
+    EXPECT_EQ(buffer->selStart, MakePos(0, 2));
+    EXPECT_EQ(buffer->selEnd, MakePos(23, 4));
+
     // From the last full row the first move below scrolls; the release shows the caret whole.
     TestBuffer low(Lines(30));
     Tall(low);
@@ -361,19 +370,6 @@ TEST_F(EditInputTest, DragBelowTheWindowScrollsOneLinePerMoveUntilTheLastLine) {
     EXPECT_EQ(low->cursor, MakePos(11, 1));
     EXPECT_TRUE(ButtonReleased(*low));
     EXPECT_EQ(low->topLine, 2);
-}
-
-TEST_F(EditInputTest, DragAboveTheWindowScrollsUpToTheFirstLine) {
-    TestBuffer buffer(Lines(40));
-    Tall(buffer).topLine = 20;
-    EXPECT_TRUE(ButtonPressed(*buffer, At(*buffer, 3, 4), false, false));
-    EXPECT_EQ(buffer->cursor, MakePos(23, 4));
-    // One line per move from 23 to 1; the move reaching 0 stops nudging.
-    EXPECT_EQ(DragUntilStill(*buffer, -LineHeight - 1).size(), 23u);
-    EXPECT_EQ(buffer->topLine, 0);
-    EXPECT_TRUE(ButtonReleased(*buffer));
-    EXPECT_EQ(buffer->selStart.line, 0);
-    EXPECT_EQ(buffer->selEnd, MakePos(23, 4));
 }
 
 TEST_F(EditInputTest, DoubleClickSelectsTheWordAsOneStep) {
