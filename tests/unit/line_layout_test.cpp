@@ -79,8 +79,11 @@ TEST_F(LineLayoutTest, FontHeightFollowsThePointSizeAndTheScreen) {
         EXPECT_EQ(MulDivRounded(m[0], m[1], m[2]), m[3]) << m[0] << "*" << m[1] << "/" << m[2];
 }
 
-TEST_F(LineLayoutTest, MeasuringUsesTheSharedCellAndTheMarginSetting) {
-    TestBuffer buffer("x");
+TEST_F(LineLayoutTest, MeasureAndPaintPlanCoverVisibleRowsAndBlankBelowTheText) {
+    std::string text;
+    for (int i = 0; i < 100; ++i)
+        text += "line " + std::to_string(i) + "\n";
+    TestBuffer buffer(text); // 101 lines, the last empty
     MeasureBuffer(*buffer, 645, 479);
     EXPECT_EQ(buffer->marginColumns, 7);
     EXPECT_EQ(buffer->windowColumns, 80);
@@ -89,61 +92,44 @@ TEST_F(LineLayoutTest, MeasuringUsesTheSharedCellAndTheMarginSetting) {
     EXPECT_EQ(buffer->visibleColumns, 73);
     EXPECT_EQ(TextColumnX(*buffer, 0), 56);
 
-    // Line numbers off: the text starts at the left edge.
-    SetLineNumbersShown(false);
-    MeasureBuffer(*buffer, 645, 479);
-    EXPECT_EQ(buffer->marginWidth, 0);
-    EXPECT_EQ(buffer->visibleColumns, 80);
-    EXPECT_EQ(TextColumnX(*buffer, 0), 0);
-
-    // A zero-sized cell never divides by zero.
-    SetFontMetrics(0, 0);
-    EXPECT_EQ(CharWidth(), 1);
-    EXPECT_EQ(LineHeight(), 1);
-}
-
-TEST_F(LineLayoutTest, PaintPlanCoversVisibleRowsAndBlanksBelowTheText) {
-    std::string text;
-    for (int i = 0; i < 100; ++i)
-        text += "line " + std::to_string(i) + "\n";
-    TestBuffer buffer(text); // 101 lines, the last empty
-    Measure(*buffer);
-    buffer->topLine = 10;
-
     // A full repaint draws the visible rows and the partial one after them; one line gets
-    // no margin; near the end the area below the last line is painted white.
-    const auto expectPlan = [&](int32_t from, int32_t to, bool whole, int32_t first, int32_t end,
-                                bool margin, bool blank) {
-        const PaintPlan plan = PlanPaint(*buffer, from, to, whole);
-        EXPECT_EQ(plan.firstLine, first);
-        EXPECT_EQ(plan.endLine, end);
-        EXPECT_EQ(plan.margin, margin);
-        EXPECT_FALSE(plan.clip);
-        EXPECT_EQ(plan.blankBelow, blank);
-        return plan;
-    };
-    expectPlan(0, 101, true, 10, 43, true, false);
-    expectPlan(12, 12, false, 12, 13, false, false);
-    buffer->topLine = 90;
-    const PaintPlan plan = expectPlan(95, 101, true, 95, 101, true, true);
-    EXPECT_EQ(plan.blankFromRow, 11);
-    EXPECT_EQ(BlankBelowRect(*buffer, plan.blankFromRow), (PixelRect{56, 165, 648, 495}));
-
-    // Scrolled sideways the text is clipped off the margin; without line numbers there is
-    // no margin to paint.
-    buffer->leftColumn = 3;
-    EXPECT_TRUE(PlanPaint(*buffer, 0, 5, false).clip);
-    EXPECT_EQ(TextClipRect(*buffer), (PixelRect{56, 0, 640, 495}));
-    SetLineNumbersShown(false);
+    // no margin; near the end the area below the last line is painted white; scrolled
+    // sideways the text is clipped off the margin.
     Measure(*buffer);
-    EXPECT_FALSE(PlanPaint(*buffer, 0, buffer->lines.lineCount, true).margin);
+    const auto plan = [&](int32_t from, int32_t to, bool whole) {
+        const PaintPlan p = PlanPaint(*buffer, from, to, whole);
+        return std::to_string(p.firstLine) + ".." + std::to_string(p.endLine) +
+               (p.margin ? " margin" : "") + (p.clip ? " clip" : "") +
+               (p.blankBelow ? " blank from " + std::to_string(p.blankFromRow) : "");
+    };
+    buffer->topLine = 10;
+    EXPECT_EQ(plan(0, 101, true), "10..43 margin");
+    EXPECT_EQ(plan(12, 12, false), "12..13");
+    buffer->topLine = 90;
+    EXPECT_EQ(plan(95, 101, true), "95..101 margin blank from 11");
+    EXPECT_EQ(BlankBelowRect(*buffer, 11), (PixelRect{56, 165, 648, 495}));
+    buffer->leftColumn = 3;
+    EXPECT_EQ(plan(95, 96, false), "95..97 clip");
+    EXPECT_EQ(TextClipRect(*buffer), (PixelRect{56, 0, 640, 495}));
 
     char number[16];
     EXPECT_EQ(LineNumberText(0, number, sizeof number), 5);
     EXPECT_STREQ(number, "    1");
     LineNumberText(99999, number, sizeof number);
     EXPECT_STREQ(number, "100000");
+
+    // Line numbers off: the text starts at the left edge and there is no margin to paint.
+    SetLineNumbersShown(false);
+    Measure(*buffer);
+    EXPECT_EQ(buffer->visibleColumns, 80);
+    EXPECT_EQ(TextColumnX(*buffer, 3), 0);
+    EXPECT_FALSE(PlanPaint(*buffer, 0, 101, true).margin);
     EXPECT_EQ(MarginRect(*buffer), (PixelRect{-1, -1, -1, 495}));
+
+    // A zero-sized cell never divides by zero.
+    SetFontMetrics(0, 0);
+    EXPECT_EQ(CharWidth(), 1);
+    EXPECT_EQ(LineHeight(), 1);
 }
 
 TEST_F(LineLayoutTest, RowsAreColouredAndSplitAtTheSelection) {

@@ -127,7 +127,7 @@ TEST_F(ScrollTest, ThumbOfAHugeBufferReachesTheEnd) {
 
     TestBuffer edge(Lines(65000), false);
     EXPECT_FALSE(NeedsTrackPosition(*edge));
-    AppendLine(&edge->lines, "one more");
+    ASSERT_EQ(AppendLine(&edge->lines, "one more"), 0);
     EXPECT_TRUE(NeedsTrackPosition(*edge));
 }
 
