@@ -124,6 +124,7 @@ TEST_F(ScrollTest, ThumbOfAHugeBufferReachesTheEnd) {
     EXPECT_EQ(buffer->topLine, 69980);
     EXPECT_EQ(BarCalls(), Calls{"V pos 69980"});
     EXPECT_EQ(ScrollByBar(*buffer, true, BarCode::ThumbTrack, 35000), -34980);
+    EXPECT_EQ(ScrollByBar(*buffer, true, BarCode::ThumbPosition, 69980), 34980);
 
     TestBuffer edge(Lines(65000), false);
     EXPECT_FALSE(NeedsTrackPosition(*edge));
