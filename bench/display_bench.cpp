@@ -7,6 +7,7 @@
 #include <string>
 
 #include "buffer_builder.h"
+#include "buffer_session.h"
 #include "engine/editor.h"
 #include "engine/line_layout.h"
 #include "engine/status_update.h"
@@ -34,25 +35,17 @@ std::string MakeVhdl(int lines) {
 
 // A fresh editor with the shipped VHDL colours and one measured 80 x 40 buffer, selected over
 // a few lines so that rows split.
-struct Session {
-    FakeHost host;
-    Editor editor{host};
-    std::unique_ptr<TestBuffer> buffer;
+struct Session : BufferSession {
     explicit Session(int lines) {
-        InstallEditor(&editor);
         host.SetProfile("Languages", "1", "VHDL");
         host.SetProfile("VHDL", "File", std::string(RUVO_SOURCE_DIR) + "/config/vhdl.lsf");
         host.SetProfile("VHDL", "LineComment", "--");
         host.SetProfile("VHDL", "CaseSensitive", "no");
         LoadLanguages();
-        buffer = std::make_unique<TestBuffer>(MakeVhdl(lines));
+        Open(MakeVhdl(lines));
         (*buffer)->language = &LanguageEntry(1);
         SetFontMetrics(8, 15);
         MeasureBuffer(**buffer, 640, 600);
-    }
-    ~Session() {
-        buffer.reset();
-        InstallEditor(nullptr);
     }
 };
 

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "buffer_builder.h"
+#include "buffer_session.h"
 #include "engine/edit_input.h"
 #include "engine/editor.h"
 #include "engine/transaction_log.h"
@@ -22,21 +23,12 @@ std::string MakeHdl(int lines) {
     return RepeatLines(unit, lines);
 }
 
-struct Session {
-    FakeHost host;
-    Editor editor{host};
-    std::unique_ptr<TestBuffer> buffer;
+struct Session : BufferSession {
     explicit Session(int lines) {
-        InstallEditor(&editor);
-        buffer = std::make_unique<TestBuffer>(MakeHdl(lines));
-        (*buffer)->visibleLines = 40;
-        (*buffer)->visibleColumns = 100;
+        Open(MakeHdl(lines));
+        Buffer().visibleLines = 40;
+        Buffer().visibleColumns = 100;
     }
-    ~Session() {
-        buffer.reset();
-        InstallEditor(nullptr);
-    }
-    EditBuffer& Buffer() { return **buffer; }
     // Keeps the log and the host's records from growing across iterations.
     void Forget() {
         ResetTransactionLog(Buffer());

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "buffer_builder.h"
+#include "buffer_session.h"
 #include "engine/clipboard_commands.h"
 #include "engine/cursor_motion.h"
 #include "engine/editing_commands.h"
@@ -33,18 +34,8 @@ std::string MakeHdl(int lines) {
 }
 
 // A fresh editor on a FakeHost with one large current buffer.
-struct Session {
-    FakeHost host;
-    Editor editor{host};
-    std::unique_ptr<TestBuffer> buffer;
-    explicit Session(int lines) {
-        InstallEditor(&editor);
-        buffer = std::make_unique<TestBuffer>(MakeHdl(lines));
-    }
-    ~Session() {
-        buffer.reset();
-        InstallEditor(nullptr);
-    }
+struct Session : BufferSession {
+    explicit Session(int lines) { Open(MakeHdl(lines)); }
 };
 
 void BM_WordRight(benchmark::State& state) {
