@@ -11,6 +11,8 @@
 namespace ruvo {
 
 struct EditBuffer;
+struct Gadget;
+struct GadgetDialog;
 
 // Results of QuestionBox, and its kinds.
 enum class QuestionKind : int { YesNoCancel = 1, OkCancel = 2, YesNo = 3 };
@@ -143,6 +145,35 @@ public:
     // Draws bytes start..end of a line inverted at once, over what the window shows (the
     // highlight of a found text; a redraw of the line takes it away).
     virtual void DrawFoundText(EditBuffer&, int /*line*/, int /*startColumn*/, int /*endColumn*/) {}
+
+    // --- Dialogs of the builder ---------------------------------------------------------------
+    // The platform's dialog base units as they come: horizontal (low word), vertical (high word).
+    struct DialogBaseUnits {
+        int horizontal = 8;
+        int vertical = 16;
+    };
+    virtual DialogBaseUnits GetDialogBaseUnits() { return {}; }
+    // Modal: runs the dialog on the shared empty template (its controls made, DialogOpened
+    // called) until it ends, and returns its result. Modeless: creates it the first time and
+    // shows it; returns 0.
+    virtual int RunDialog(GadgetDialog&, bool /*modal*/) { return 0; }
+    // Modal: ends the running dialog with the result. Modeless: hides it.
+    virtual void EndDialog(GadgetDialog&, int /*result*/) {}
+    virtual void DestroyDialogWindow(GadgetDialog&) {}
+    // The gadget's control shows its value, text, items, text limit and enabled state.
+    virtual void UpdateGadgetControl(Gadget&) {}
+    // The current text of an edit gadget's control; nothing when it has no control.
+    virtual std::optional<std::string> ReadGadgetText(Gadget&) { return std::nullopt; }
+    // Shows or hides a gadget's control (tab pages); gives a control the focus.
+    virtual void ShowGadgetControl(Gadget&, bool /*shown*/) {}
+    virtual void FocusGadgetControl(Gadget&) {}
+    // The shared one-line input dialog: a prompt, an edit of at most maxLength characters
+    // holding `initial`, OK and Cancel. The text on OK, nothing on Cancel.
+    virtual std::optional<std::string> InputDialog(std::string_view /*prompt*/,
+                                                   std::string_view /*initial*/,
+                                                   int /*maxLength*/) {
+        return std::nullopt;
+    }
 
     // --- About box --------------------------------------------------------------------------
     // A small modal box owned by the frame showing the lines centred, with an OK button.
