@@ -71,7 +71,7 @@ struct GadgetTag {
     int number = 0;                  // integer value, index, limit, page
     int second = 0;                  // tag 59: the item's value
     std::optional<std::string> text; // tag 30 for text gadgets; 50 and 51: the item text
-    std::vector<std::string> texts; // 44, 71
+    std::vector<std::string> texts;  // 44, 71
     GadgetCallback callback;         // 12
 };
 
@@ -103,27 +103,27 @@ GadgetTag RawTag(int code, int number = 0); // any code, for callers that pass n
 struct Gadget {
     GadgetDialog* dialog = nullptr;
     GadgetType type = GadgetType::StaticText;
-    int controlId = 0;                  // FirstGadgetControlId + creation index
+    int controlId = 0;                       // FirstGadgetControlId + creation index
     int x = 0, y = 0, width = 0, height = 0; // pixels
-    std::string text;                   // caption, at most MaxGadgetCaption characters
-    std::string textValue;              // edit and static types
-    int value = 0;                      // list, combo: index (-1 none); check box, radio: state
-    int maxLength = 0;                  // DefaultEditLength for edit types
-    int stateBits = 0;                  // GadgetDisabledBit, GadgetSecondStateBit
-    bool closeButton = false;           // tag 6: "&Apply" and "&Cancel" only
+    std::string text;                        // caption, at most MaxGadgetCaption characters
+    std::string textValue;                   // edit and static types
+    int value = 0;            // list, combo: index (-1 none); check box, radio: state
+    int maxLength = 0;        // DefaultEditLength for edit types
+    int stateBits = 0;        // GadgetDisabledBit, GadgetSecondStateBit
+    bool closeButton = false; // tag 6: "&Apply" and "&Cancel" only
     GadgetCallback callback;
     int ownerData = 0;
     int identifier = 0;
     int lowLimit = 0, highLimit = 0;
-    int page = 0;                       // 0: shown on every page
-    std::vector<std::string> items;     // radio buttons, list and combo entries, tab names
-    int columns = 1;                    // radio group
+    int page = 0;                   // 0: shown on every page
+    std::vector<std::string> items; // radio buttons, list and combo entries, tab names
+    int columns = 1;                // radio group
     bool perItemValuesEnabled = true;
     std::vector<int> itemValues;
-    void* window = nullptr;             // the control while the dialog exists (platform's)
+    void* window = nullptr; // the control while the dialog exists (platform's)
 
     bool IsDisabled() const { return (stateBits & GadgetDisabledBit) != 0; }
-    bool IsTextType() const;            // edit, scrolling edit, static text
+    bool IsTextType() const; // edit, scrolling edit, static text
 };
 
 struct GadgetDialog {
@@ -134,11 +134,11 @@ struct GadgetDialog {
 
     std::string title;
     std::vector<std::unique_ptr<Gadget>> gadgets; // creation order
-    int horizontalUnit = 0;                        // dialog base units (vertical + 1)
+    int horizontalUnit = 0;                       // dialog base units (vertical + 1)
     int verticalUnit = 0;
-    int extentWidth = 0, extentHeight = 0;         // pixels, from the gadgets
-    bool modal = false;                            // of the last show
-    void* window = nullptr;                        // the dialog while it exists (platform's)
+    int extentWidth = 0, extentHeight = 0; // pixels, from the gadgets
+    bool modal = false;                    // of the last show
+    void* window = nullptr;                // the dialog while it exists (platform's)
     Gadget* tabControl = nullptr;
     int currentPage = 1;
     Gadget* focusGadget = nullptr;
@@ -150,11 +150,11 @@ struct GadgetDialog {
 std::unique_ptr<GadgetDialog> createDialog(std::string_view title);
 // Appends a gadget; positions are dialog units. Tags apply in order; an unknown one stops the
 // list with the error box "Unknown flag '%d' in '%s'.\n" and the gadget stays as built.
-Gadget* GlGadgetCreate(GadgetDialog& dialog, GadgetType type, int x, int y, int width,
-                       int height, std::string_view text, const std::vector<GadgetTag>& tags = {});
+Gadget* GlGadgetCreate(GadgetDialog& dialog, GadgetType type, int x, int y, int width, int height,
+                       std::string_view text, const std::vector<GadgetTag>& tags = {});
 // Changes a created gadget: the creation tags and 50, 51, 53 on the item list.
 void GlGadgetSet(Gadget& gadget, const std::vector<GadgetTag>& tags);
-// 0 for static text, the stored number otherwise; an edit's number is its text's length.
+// 0 for text gadgets (an edit's text is read back first), the stored number otherwise.
 int GlGadgetGet(Gadget& gadget);
 // The text of an edit or static gadget; an edit's text is read back from its control first.
 const std::string& GlGadgetGetText(Gadget& gadget);
@@ -186,12 +186,13 @@ bool GadgetShownOnPage(const Gadget& gadget, int page);
 // --- Events from the platform's dialog -------------------------------------------------------
 // After the controls exist: page 1 is chosen and the focus gadget is named.
 void DialogOpened(GadgetDialog& dialog);
-// A control with this identifier notified a change; its value is taken from the control by the
-// caller first (or here, for edits) and the callback runs. Returns the result a modal dialog
-// ends with, or -1 to stay open.
+// A control with this identifier notified a change: `newValue` is the control's state (check
+// box, radio index, list selection); an edit's text is read back here. The callback runs; when
+// it reports a close, a modal dialog ends (with 1 or 0) and a modeless one hides. Returns the
+// result the dialog ended with, or -1 when it stays open.
 int GadgetNotified(GadgetDialog& dialog, int controlId, int newValue);
-// IDOK (Enter): the apply action. IDCANCEL (Escape, close box): the cancel action. Both return
-// the result a modal dialog ends with, or -1 to stay open.
+// IDOK (Enter): the apply action. IDCANCEL (Escape, close box): the cancel action; without one
+// a modal dialog ends with 0 and a modeless one hides. Results as GadgetNotified.
 int DialogOkCommand(GadgetDialog& dialog);
 int DialogCancelCommand(GadgetDialog& dialog);
 // TCN_SELCHANGE with the tab control's new selection (0-based).

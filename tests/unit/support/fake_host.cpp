@@ -6,6 +6,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "dialogs/gadget_dialog.h"
 #include "engine/edit_buffer.h"
 #include "engine/editor.h"
 
@@ -15,7 +16,8 @@ namespace {
 
 std::string Lower(std::string_view text) {
     std::string result(text);
-    for (char& c : result) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    for (char& c : result)
+        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
     return result;
 }
 
@@ -37,7 +39,8 @@ std::optional<std::string> FakeHost::ProfileValue(const std::string& section,
 
 std::string FakeHost::ErrorBoxTexts() const {
     std::string all;
-    for (const Box& box : boxes) all += box.text + "\n";
+    for (const Box& box : boxes)
+        all += box.text + "\n";
     return all;
 }
 
@@ -53,7 +56,9 @@ int FakeHost::QuestionBox(const char* caption, std::string_view text, QuestionKi
     return answer;
 }
 
-void FakeHost::ErrorStream(std::string_view text) { errorStream += text; }
+void FakeHost::ErrorStream(std::string_view text) {
+    errorStream += text;
+}
 
 std::string FakeHost::ProfileGetString(std::string_view, std::string_view section,
                                        std::string_view key, std::string_view defaultValue,
@@ -72,8 +77,8 @@ int FakeHost::ProfileGetInt(std::string_view, std::string_view section, std::str
     return std::atoi(value->c_str());
 }
 
-bool FakeHost::ProfileWriteString(std::string_view, std::string_view section,
-                                  std::string_view key, std::string_view value) {
+bool FakeHost::ProfileWriteString(std::string_view, std::string_view section, std::string_view key,
+                                  std::string_view value) {
     profileWrites.push_back("[" + std::string(section) + "] " + std::string(key) + "=" +
                             std::string(value));
     SetProfile(std::string(section), std::string(key), std::string(value));
@@ -120,9 +125,13 @@ void FakeHost::ActivateEditWindow(EditBuffer& buffer) {
     TheEditor().engine.currentBuffer = &buffer;
 }
 
-void FakeHost::RedrawLine(EditBuffer& buffer, int line) { redrawnLines.emplace_back(&buffer, line); }
+void FakeHost::RedrawLine(EditBuffer& buffer, int line) {
+    redrawnLines.emplace_back(&buffer, line);
+}
 
-void FakeHost::RedrawWindow(EditBuffer& buffer) { redrawnWindows.push_back(&buffer); }
+void FakeHost::RedrawWindow(EditBuffer& buffer) {
+    redrawnWindows.push_back(&buffer);
+}
 
 std::optional<FileDialogResult> FakeHost::FileDialog(const FileDialogRequest& request) {
     fileDialogs.push_back(request);
@@ -150,9 +159,13 @@ void FakeHost::ShowProgress(std::string_view title, int total) {
     progressEvents.push_back("show " + std::string(title) + " " + std::to_string(total));
 }
 
-void FakeHost::UpdateProgress(int done) { progressEvents.push_back("update " + std::to_string(done)); }
+void FakeHost::UpdateProgress(int done) {
+    progressEvents.push_back("update " + std::to_string(done));
+}
 
-void FakeHost::HideProgress() { progressEvents.push_back("hide"); }
+void FakeHost::HideProgress() {
+    progressEvents.push_back("hide");
+}
 
 void FakeHost::SetProgressText(std::string_view text) {
     progressEvents.push_back("text " + std::string(text));
@@ -169,6 +182,88 @@ void FakeHost::SetScrollBarRange(EditBuffer&, bool vertical, int min, int max) {
 
 void FakeHost::SetScrollBarPos(EditBuffer&, bool vertical, int pos) {
     scrollBarCalls.push_back(std::string(vertical ? "V" : "H") + " pos " + std::to_string(pos));
+}
+
+// --- Dialogs ----------------------------------------------------------------------------------
+
+void FakeHost::CreateControls(GadgetDialog& dialog) {
+    dialog.window = &dialog;
+    for (auto& gadget : dialog.gadgets)
+        gadget->window = gadget.get();
+    DialogOpened(dialog);
+}
+
+int FakeHost::RunDialog(GadgetDialog& dialog, bool modal) {
+    shownDialogs.push_back(dialog.title);
+    std::function<void(GadgetDialog&)> action;
+    if (!dialogActions.empty()) {
+        action = std::move(dialogActions.front());
+        dialogActions.pop_front();
+    }
+    if (!modal) {
+        if (dialog.window == nullptr) CreateControls(dialog);
+        visible_[&dialog] = true;
+        if (action) action(dialog);
+        return 0;
+    }
+    CreateControls(dialog);
+    endResults_.erase(&dialog);
+    if (action) action(dialog);
+    if (!endResults_.count(&dialog)) DialogCancelCommand(dialog);
+    const int result = endResults_.count(&dialog) ? endResults_[&dialog] : 0;
+    endResults_.erase(&dialog);
+    DestroyDialogWindow(dialog);
+    return result;
+}
+
+void FakeHost::EndDialog(GadgetDialog& dialog, int result) {
+    if (dialog.modal) {
+        if (!endResults_.count(&dialog)) endResults_[&dialog] = result;
+    } else {
+        visible_[&dialog] = false;
+    }
+}
+
+void FakeHost::DestroyDialogWindow(GadgetDialog& dialog) {
+    dialog.window = nullptr;
+    for (auto& gadget : dialog.gadgets) {
+        gadget->window = nullptr;
+        typedTexts_.erase(gadget.get());
+    }
+    visible_.erase(&dialog);
+}
+
+bool FakeHost::DialogVisible(const GadgetDialog& dialog) const {
+    auto it = visible_.find(&dialog);
+    return it != visible_.end() && it->second;
+}
+
+void FakeHost::TypeText(Gadget& gadget, std::string_view text) {
+    std::string typed(text);
+    if (gadget.maxLength > 0 && static_cast<int>(typed.size()) > gadget.maxLength) {
+        typed.resize(gadget.maxLength);
+    }
+    typedTexts_[&gadget] = typed;
+}
+
+std::optional<std::string> FakeHost::ReadGadgetText(Gadget& gadget) {
+    auto it = typedTexts_.find(&gadget);
+    if (it == typedTexts_.end()) return std::nullopt;
+    std::string text = it->second;
+    typedTexts_.erase(it);
+    return text;
+}
+
+std::optional<std::string> FakeHost::InputDialog(std::string_view prompt, std::string_view initial,
+                                                 int maxLength) {
+    inputRequests.push_back({std::string(prompt), std::string(initial), maxLength});
+    if (inputAnswers.empty()) return std::nullopt;
+    std::optional<std::string> answer = inputAnswers.front();
+    inputAnswers.pop_front();
+    if (answer && maxLength >= 0 && static_cast<int>(answer->size()) > maxLength) {
+        answer->resize(maxLength);
+    }
+    return answer;
 }
 
 } // namespace ruvo

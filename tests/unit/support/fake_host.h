@@ -2,6 +2,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -12,11 +13,11 @@
 namespace ruvo {
 
 class FakeHost : public Host {
-public:
+  public:
     struct Box {
         std::string caption; // "(default)" for a null caption
         std::string text;
-        int kind = 0;        // 0 for an error box, else the QuestionKind
+        int kind = 0; // 0 for an error box, else the QuestionKind
     };
     struct StatusText {
         int pane;
@@ -44,25 +45,25 @@ public:
     std::vector<std::pair<std::string, std::string>> lzCopies;
     int busyCursorDepth = 0;
     std::vector<std::string> progressEvents;
-    std::vector<std::string> profileWrites;  // "[section] key=value" in the order written
+    std::vector<std::string> profileWrites;            // "[section] key=value" in the order written
     std::vector<std::vector<std::string>> recentMenus; // every label set handed to the menu
     std::vector<WindowArrangement> arrangements;       // every Window menu action, in order
     std::vector<std::string> scrollBarCalls; // "V range 0 90", "H pos 4", ... in call order
     std::vector<int> scrolledWindowLines;    // every ScrollWindowLines amount
     int caretMoves = 0;
     int caretRecreations = 0;
-    std::vector<bool> pointerNudges;         // true for a nudge down
+    std::vector<bool> pointerNudges; // true for a nudge down
     struct FoundText {
         EditBuffer* buffer;
         int line, startColumn, endColumn;
     };
-    std::vector<FoundText> foundTexts;       // every DrawFoundText
+    std::vector<FoundText> foundTexts;                // every DrawFoundText
     std::vector<std::vector<std::string>> aboutBoxes; // the lines of every about box shown
 
     // --- What the tests script ---
-    std::deque<int> answers;                      // next question answers; empty: AnswerYes
+    std::deque<int> answers; // next question answers; empty: AnswerYes
     std::deque<std::optional<FileDialogResult>> fileDialogAnswers; // empty: cancelled
-    std::optional<long> lzCopyResult;             // forced result; else a real copy
+    std::optional<long> lzCopyResult; // forced result; else a real copy
     bool createWindowFails = false;
     std::string programPath = "C:\\ruvo\\ruvo.exe";
     std::string currentDirectory = "C:\\work";
@@ -71,7 +72,8 @@ public:
     // In-memory profile: file -> section -> key -> value (sections and keys compared
     // without regard to case, as the platform does).
     void SetProfile(const std::string& section, const std::string& key, const std::string& value);
-    std::optional<std::string> ProfileValue(const std::string& section, const std::string& key) const;
+    std::optional<std::string> ProfileValue(const std::string& section,
+                                            const std::string& key) const;
     std::string ErrorBoxTexts() const; // every box text, one per line
 
     void ErrorBox(const char* caption, std::string_view text) override;
@@ -82,8 +84,8 @@ public:
                                  int capacity) override;
     int ProfileGetInt(std::string_view file, std::string_view section, std::string_view key,
                       int defaultValue) override;
-    bool ProfileWriteString(std::string_view file, std::string_view section,
-                            std::string_view key, std::string_view value) override;
+    bool ProfileWriteString(std::string_view file, std::string_view section, std::string_view key,
+                            std::string_view value) override;
     std::string ProgramPath() override { return programPath; }
     std::string Environment(std::string_view name) override;
     std::string CurrentDirectory() override { return currentDirectory; }
@@ -113,7 +115,9 @@ public:
     void AboutBox(const std::vector<std::string>& lines) override { aboutBoxes.push_back(lines); }
     void SetScrollBarRange(EditBuffer& buffer, bool vertical, int min, int max) override;
     void SetScrollBarPos(EditBuffer& buffer, bool vertical, int pos) override;
-    void ScrollWindowLines(EditBuffer&, int lines) override { scrolledWindowLines.push_back(lines); }
+    void ScrollWindowLines(EditBuffer&, int lines) override {
+        scrolledWindowLines.push_back(lines);
+    }
     void MoveCaret(EditBuffer&) override { ++caretMoves; }
     void RecreateCaret(EditBuffer&) override { ++caretRecreations; }
     void NudgePointer(bool down) override { pointerNudges.push_back(down); }
@@ -123,7 +127,44 @@ public:
 
     std::map<EditBuffer*, std::string> windowTitles;
 
-private:
+    // --- Dialogs: the user's part ---
+    // What the user does in each dialog shown from now on, in order: fill gadgets (TypeText,
+    // setGadgetValue) and press a button (DialogOkCommand, DialogCancelCommand, GadgetNotified).
+    // A modal dialog that is still open afterwards is cancelled; with no action left it is
+    // cancelled at once.
+    std::deque<std::function<void(GadgetDialog&)>> dialogActions;
+    std::vector<std::string> shownDialogs; // the title of every dialog shown
+    // Answers of the one-line input dialog, in order; nothing (or none left) is Cancel.
+    std::deque<std::optional<std::string>> inputAnswers;
+    struct InputRequest {
+        std::string prompt, initial;
+        int maxLength;
+    };
+    std::vector<InputRequest> inputRequests;
+    // Types into an edit gadget's control as a user would: cut to the gadget's text limit.
+    void TypeText(Gadget& gadget, std::string_view text);
+    bool DialogVisible(const GadgetDialog& dialog) const;
+    DialogBaseUnits dialogBaseUnits{8, 16};
+    std::map<const Gadget*, bool> gadgetShown; // last ShowGadgetControl per gadget
+    const Gadget* focusedGadget = nullptr;
+
+    DialogBaseUnits GetDialogBaseUnits() override { return dialogBaseUnits; }
+    void UpdateGadgetControl(Gadget& gadget) override { typedTexts_.erase(&gadget); }
+    void ShowGadgetControl(Gadget& gadget, bool shown) override { gadgetShown[&gadget] = shown; }
+    void FocusGadgetControl(Gadget& gadget) override { focusedGadget = &gadget; }
+
+    int RunDialog(GadgetDialog& dialog, bool modal) override;
+    void EndDialog(GadgetDialog& dialog, int result) override;
+    void DestroyDialogWindow(GadgetDialog& dialog) override;
+    std::optional<std::string> ReadGadgetText(Gadget& gadget) override;
+    std::optional<std::string> InputDialog(std::string_view prompt, std::string_view initial,
+                                           int maxLength) override;
+
+  private:
+    void CreateControls(GadgetDialog& dialog);
+    std::map<const GadgetDialog*, int> endResults_;   // modal dialogs ended while running
+    std::map<const GadgetDialog*, bool> visible_;     // modeless dialogs
+    std::map<const Gadget*, std::string> typedTexts_; // controls' texts the user typed
     using Section = std::map<std::string, std::string>;
     std::map<std::string, Section> profile_; // keys lower-cased
 };
