@@ -85,7 +85,7 @@ TEST_F(GadgetDialogTest, CloseButtonsSitBelowTheGadgetsAndEndTheDialog) {
     int applied = 0;
     addCloseButtons(
         *dialog,
-        [&](Gadget& button) {
+        [&](Gadget&) {
             ++applied;
             return GlGadgetGetText(*edit) == "keep" ? GadgetStayOpen : GadgetCloseOk;
         },
