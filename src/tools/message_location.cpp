@@ -1,0 +1,82 @@
+// Paths and columns of tool messages.
+#include "tools/message_location.h"
+
+#include <vector>
+
+namespace ruvo {
+
+namespace {
+
+bool IsSeparator(char c) {
+    return c == '/' || c == '\\';
+}
+
+bool IsLetter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+bool IsAbsolute(std::string_view path) {
+    if (!path.empty() && IsSeparator(path[0])) return true;
+    return path.size() >= 3 && IsLetter(path[0]) && path[1] == ':' && IsSeparator(path[2]);
+}
+
+// Lower case, backslashes, no "." steps, ".." taken back where it can be.
+std::string Normalised(std::string_view path) {
+    std::string lead;
+    size_t pos = 0;
+    while (pos < path.size() && IsSeparator(path[pos])) {
+        lead += '\\';
+        ++pos;
+    }
+    std::vector<std::string> steps;
+    while (pos <= path.size()) {
+        size_t end = pos;
+        while (end < path.size() && !IsSeparator(path[end]))
+            ++end;
+        std::string step;
+        for (size_t i = pos; i < end; ++i) {
+            const char c = path[i];
+            step += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+        }
+        if (step == ".." && !steps.empty() && steps.back() != ".." &&
+            steps.back().find(':') == std::string::npos)
+            steps.pop_back();
+        else if (!step.empty() && step != ".")
+            steps.push_back(step);
+        pos = end + 1;
+    }
+    std::string result = lead;
+    for (size_t i = 0; i < steps.size(); ++i)
+        result += (i == 0 ? "" : "\\") + steps[i];
+    return result;
+}
+
+} // namespace
+
+std::string ResolveMessagePath(std::string_view workingDirectory, std::string_view file) {
+    while (file.size() > 2 && file[0] == '.' && IsSeparator(file[1]))
+        file.remove_prefix(2);
+    if (IsAbsolute(file) || workingDirectory.empty() || workingDirectory == ".")
+        return std::string(file);
+    std::string path(workingDirectory);
+    if (!IsSeparator(path.back())) path += '\\';
+    return path + std::string(file);
+}
+
+bool SameFilePath(std::string_view a, std::string_view b) {
+    return Normalised(a) == Normalised(b);
+}
+
+int32_t ColumnToByte(std::string_view lineText, int32_t column, int32_t tabWidth) {
+    if (tabWidth < 1) tabWidth = 1;
+    int32_t visual = 1; // the tool's column of the byte at index
+    for (size_t index = 0; index < lineText.size(); ++index) {
+        const int32_t next =
+            lineText[index] == '\t' ? ((visual - 1) / tabWidth + 1) * tabWidth + 1 : visual + 1;
+        if (column < next) return static_cast<int32_t>(index);
+        visual = next;
+    }
+    return static_cast<int32_t>(lineText.size());
+}
+
+} // namespace ruvo
