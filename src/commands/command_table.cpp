@@ -4,6 +4,7 @@
 #include <cctype>
 #include <string>
 
+#include "aids/search_commands.h"
 #include "commands/pending_commands.h"
 #include "docs/file_commands.h"
 #include "engine/bookmarks.h"

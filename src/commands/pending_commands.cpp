@@ -12,18 +12,6 @@ namespace ruvo {
 int PrintText() {
     return 0;
 }
-int FindText() {
-    return 0;
-}
-int FindNextText() {
-    return 0;
-}
-int ReplaceText() {
-    return 0;
-}
-int GotoLine() {
-    return 0;
-}
 int EditSpecial() {
     return 0;
 }

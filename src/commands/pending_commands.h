@@ -5,10 +5,6 @@
 namespace ruvo {
 
 int PrintText();
-int FindText();
-int FindNextText();
-int ReplaceText();
-int GotoLine();
 int EditSpecial();
 int EditTemplates();
 int LanguageExpand();

@@ -2,6 +2,7 @@
 // Each subsystem keeps its own part in the state record of its folder.
 #pragma once
 
+#include "aids/aids_state.h"
 #include "commands/command_state.h"
 #include "docs/document_state.h"
 #include "engine/engine_state.h"
@@ -24,6 +25,7 @@ struct Editor {
     CommandState commands;
     LanguageState languages;
     DocumentState documents;
+    AidsState aids;
 };
 
 // The editor of this process. Installed by the program at start-up and by each test.
