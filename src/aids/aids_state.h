@@ -12,10 +12,10 @@ constexpr int MaxSearchText = 255;
 
 // The last choices of the Find and Replace dialogs, shown again by each of them.
 struct SearchState {
-    std::string searchText;  // the text to find (the old text in replace mode)
-    std::string replaceText; // the new text
-    bool replaceMode = false; // the last confirmed dialog was Replace
-    bool fromCursor = false;  // range "F&rom Cursor"
+    std::string searchText;    // the text to find (the old text in replace mode)
+    std::string replaceText;   // the new text
+    bool replaceMode = false;  // the last confirmed dialog was Replace
+    bool fromCursor = false;   // range "F&rom Cursor"
     bool selectedOnly = false; // range "&Selected text"; neither: "&Entire Text"
     bool forward = true;
     bool caseSensitive = false;

@@ -46,8 +46,7 @@ Gadget* TextField(GadgetDialog& dialog, int x, int y, const std::string& value, 
 }
 
 Gadget* CheckBox(GadgetDialog& dialog, int x, int y, std::string_view text, bool on) {
-    return GlGadgetCreate(dialog, GadgetType::CheckBox, x, y, 60, 12, text,
-                          {ValueTag(on ? 1 : 0)});
+    return GlGadgetCreate(dialog, GadgetType::CheckBox, x, y, 60, 12, text, {ValueTag(on ? 1 : 0)});
 }
 
 // The Find dialog, or the Replace dialog in replace mode, filled from `shown`.
@@ -67,13 +66,13 @@ std::unique_ptr<GadgetDialog> BuildSearchDialog(const SearchState& shown, Search
                       : shown.fromCursor ? RangeFromCursor
                                          : RangeEntire;
     GlGadgetCreate(*dialog, GadgetType::GroupBox, 4, 39, 68, 46, " Search range: ");
-    g.range = GlGadgetCreate(*dialog, GadgetType::RadioGroup, 8, 50, 60, 36, "",
-                             {ItemsTag({"&Entire Text", "F&rom Cursor", "&Selected text"}),
-                              ValueTag(range)});
+    g.range = GlGadgetCreate(
+        *dialog, GadgetType::RadioGroup, 8, 50, 60, 36, "",
+        {ItemsTag({"&Entire Text", "F&rom Cursor", "&Selected text"}), ValueTag(range)});
     GlGadgetCreate(*dialog, GadgetType::GroupBox, 90, 39, 68, 46, " Search direction: ");
-    g.direction = GlGadgetCreate(*dialog, GadgetType::RadioGroup, 94, 55, 60, 20, "",
-                                 {ItemsTag({"&Forward", "&Backward"}),
-                                  ValueTag(shown.forward ? 0 : 1)});
+    g.direction =
+        GlGadgetCreate(*dialog, GadgetType::RadioGroup, 94, 55, 60, 20, "",
+                       {ItemsTag({"&Forward", "&Backward"}), ValueTag(shown.forward ? 0 : 1)});
     GlGadgetCreate(*dialog, GadgetType::GroupBox, 4, 90, 154, replace ? 36 : 26, " Options: ");
     g.wholeWords = CheckBox(*dialog, 8, 100, "&Whole words", shown.wholeWords);
     g.caseSensitive = CheckBox(*dialog, 90, 100, "&Case sensitive", shown.caseSensitive);

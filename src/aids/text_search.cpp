@@ -115,8 +115,8 @@ bool FindMatch(const EditBuffer& buffer, const SearchState& state, SearchBounds 
 }
 
 void ReportNotFound(const SearchState& state) {
-    TheEditor().host.SetStatusPane(MessagePane, "Search string '" + state.searchText + "' not found.",
-                                   true);
+    TheEditor().host.SetStatusPane(MessagePane,
+                                   "Search string '" + state.searchText + "' not found.", true);
 }
 
 // The caret goes to the match start with the match selected.

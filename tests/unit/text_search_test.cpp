@@ -1,0 +1,228 @@
+// Find, replace and go to line as a user drives them through their dialogs.
+#include "aids/text_search.h"
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "aids/aids_state.h"
+#include "aids/search_commands.h"
+#include "buffer_builder.h"
+#include "dialog_script.h"
+#include "editor_fixture.h"
+#include "engine/editing_commands.h"
+
+namespace ruvo {
+namespace {
+
+using SearchTest = EditorTest;
+
+// What the user puts into the Find or Replace dialog before pressing OK.
+struct Choices {
+    std::string find;
+    std::string replace = ""; // typed into the Replace dialog only
+    int range = 0;            // entire, from cursor, selected
+    bool backward = false;
+    bool wholeWords = false;
+    bool caseSensitive = false;
+    bool replaceAll = false;
+    bool prompt = false;
+};
+
+std::function<void(GadgetDialog&)> Confirm(FakeHost& host, const Choices& c) {
+    return [&host, c](GadgetDialog& dialog) {
+        const bool replace = dialog.title == "Replace Text";
+        host.TypeText(*GadgetAfter(dialog, replace ? "&Old text:" : "Find&text:"), c.find);
+        setGadgetValue(*GadgetAfter(dialog, " Search range: "), c.range);
+        setGadgetValue(*GadgetAfter(dialog, " Search direction: "), c.backward ? 1 : 0);
+        setGadgetValue(*GadgetWithText(dialog, "&Whole words"), c.wholeWords);
+        setGadgetValue(*GadgetWithText(dialog, "&Case sensitive"), c.caseSensitive);
+        if (replace) {
+            host.TypeText(*GadgetAfter(dialog, "&New text:"), c.replace);
+            setGadgetValue(*GadgetWithText(dialog, "Replace &all"), c.replaceAll);
+            setGadgetValue(*GadgetWithText(dialog, "&Prompt"), c.prompt);
+        }
+        DialogOkCommand(dialog);
+    };
+}
+
+TextRange Selection(TestBuffer& buffer) {
+    return {buffer->selStart, buffer->selEnd};
+}
+
+TEST_F(SearchTest, MatchesFollowTheWholeWordAndCaseRules) {
+    TestBuffer buffer("clk <= 1;\nclk_en <= (clk);\nsysclk\nSIGNAL s");
+    const TextPos end = MakePos(3, 8);
+    const struct {
+        const char* text;
+        bool caseSensitive, wholeWords;
+        TextPos from;
+        std::optional<TextPos> found;
+    } cases[] = {
+        {"clk", false, true, MakePos(0, 1), MakePos(1, 11)}, // not in clk_en
+        {"clk", false, true, MakePos(1, 12), std::nullopt},  // not in sysclk
+        {"clk", false, false, MakePos(1, 12), MakePos(2, 3)},
+        {"Signal", false, false, MakePos(0, 0), MakePos(3, 0)},
+        {"Signal", true, false, MakePos(0, 0), std::nullopt},
+        {"", false, false, MakePos(0, 0), std::nullopt},
+    };
+    for (const auto& c : cases) {
+        TextPos found{-1, -1};
+        const bool any =
+            searchInBuffer(*buffer, c.text, c.caseSensitive, c.wholeWords, c.from, end, found);
+        EXPECT_EQ(any, c.found.has_value()) << c.text;
+        if (c.found && any) {
+            EXPECT_EQ(found, *c.found) << c.text;
+        }
+    }
+}
+
+TEST_F(SearchTest, FindSelectsTheMatchAndRepeatsWithoutWrapping) {
+    TestBuffer buffer("a clk b\nclk c\nclk");
+    host.dialogActions.push_back(Confirm(host, {.find = "clk"}));
+    FindText();
+    EXPECT_EQ(buffer->cursor, MakePos(0, 2));
+    EXPECT_EQ(Selection(buffer), (TextRange{MakePos(0, 2), MakePos(0, 5)}));
+    FindNextText();
+    FindNextText();
+    EXPECT_EQ(buffer->cursor, MakePos(2, 0));
+    EXPECT_EQ(host.statusPanes[4], "");
+    FindNextText();
+    EXPECT_EQ(buffer->cursor, MakePos(2, 0));
+    EXPECT_EQ(host.statusPanes[4], "Search string 'clk' not found.");
+    EXPECT_TRUE(host.statusTexts.back().beep);
+
+    // Backwards from the caret, a match that begins at the caret comes first.
+    buffer.PlaceCaret(1, 0);
+    host.dialogActions.push_back(Confirm(host, {.find = "clk", .range = 1, .backward = true}));
+    FindText();
+    EXPECT_EQ(buffer->cursor, MakePos(1, 0));
+    FindNextText();
+    EXPECT_EQ(buffer->cursor, MakePos(0, 2));
+}
+
+TEST_F(SearchTest, TheDialogsStartFromTheWordAtTheCaretAndCancelKeepsTheChoices) {
+    TestBuffer buffer("count <= count + 1;\n");
+    SearchState& state = editor.aids.search;
+    state.searchText = "old";
+    state.wholeWords = true;
+    std::string shown;
+    auto look = [&](GadgetDialog& dialog) {
+        shown = GadgetAfter(dialog, dialog.title == "Find Text" ? "Find&text:" : "&Old text:")
+                    ->textValue;
+        setGadgetValue(*GadgetWithText(dialog, "&Whole words"), 0);
+        DialogCancelCommand(dialog);
+    };
+    const struct {
+        int (*command)();
+        TextPos caret;
+        const char* expected;
+    } cases[] = {
+        {FindText, MakePos(0, 2), "count"},
+        {FindText, MakePos(0, 5), "old"}, // no word at a blank: the last text stays
+        {ReplaceText, MakePos(0, 5), ""},
+        {ReplaceText, MakePos(0, 10), "count"},
+    };
+    for (const auto& c : cases) {
+        buffer.PlaceCaret(c.caret.line, c.caret.column);
+        host.dialogActions.push_back(look);
+        c.command();
+        EXPECT_EQ(shown, c.expected);
+        EXPECT_EQ(state.searchText, "old");
+        EXPECT_TRUE(state.wholeWords);
+    }
+    EXPECT_EQ(host.shownDialogs,
+              (std::vector<std::string>{"Find Text", "Find Text", "Replace Text", "Replace Text"}));
+}
+
+TEST_F(SearchTest, ReplaceAllTakesOneUndoStepPerMatchAndNeverFindsItsOwnResult) {
+    TestBuffer buffer("foo x foo\nfoo");
+    host.dialogActions.push_back(
+        Confirm(host, {.find = "foo", .replace = "foobar", .replaceAll = true}));
+    ReplaceText();
+    EXPECT_EQ(buffer.Text(), "foobar x foobar\nfoobar");
+    EXPECT_EQ(buffer.LoggedTransactions(), 3);
+    EXPECT_TRUE(host.boxes.empty());
+    EditUndo();
+    EXPECT_EQ(buffer.Text(), "foobar x foobar\nfoo");
+    EditUndo();
+    EditUndo();
+    EXPECT_EQ(buffer.Text(), "foo x foo\nfoo");
+
+    // An empty new text leaves the next match where the last one was.
+    host.dialogActions.push_back(Confirm(host, {.find = "ab", .replace = "", .replaceAll = true}));
+    TestBuffer second("abab x ab");
+    ReplaceText();
+    EXPECT_EQ(second.Text(), " x ");
+}
+
+TEST_F(SearchTest, PromptedReplaceAsksEachTimeAndCancelKeepsWhatWasDone) {
+    TestBuffer buffer("foo foo foo foo");
+    host.answers = {AnswerYes, AnswerNo, AnswerYes, AnswerCancel};
+    host.dialogActions.push_back(
+        Confirm(host, {.find = "foo", .replace = "bar", .replaceAll = true, .prompt = true}));
+    ReplaceText();
+    EXPECT_EQ(buffer.Text(), "bar foo bar foo");
+    ASSERT_EQ(host.boxes.size(), 4u);
+    EXPECT_EQ(host.boxes[0].caption, "Replace text:");
+    EXPECT_EQ(host.boxes[0].text, "Replace this occurence of:\n'foo'");
+    EXPECT_EQ(host.boxes[0].kind, static_cast<int>(QuestionKind::YesNoCancel));
+    // The cancelled match stays selected for the user to see.
+    EXPECT_EQ(Selection(buffer), (TextRange{MakePos(0, 12), MakePos(0, 15)}));
+
+    // Without replace all one match is replaced; FindNextText goes on with the rest unasked.
+    buffer.PlaceCaret(0, 0);
+    host.dialogActions.push_back(Confirm(host, {.find = "bar", .replace = "q"}));
+    ReplaceText();
+    EXPECT_EQ(buffer.Text(), "q foo bar foo");
+    FindNextText();
+    EXPECT_EQ(buffer.Text(), "q foo q foo");
+}
+
+TEST_F(SearchTest, TheSelectedRangeKeepsReplacementsInsideTheSelection) {
+    for (const bool backward : {false, true}) {
+        TestBuffer buffer("x x x x\nx");
+        buffer.Select(MakePos(0, 2), MakePos(0, 5));
+        host.dialogActions.push_back(Confirm(
+            host,
+            {.find = "x", .replace = "yy", .range = 2, .backward = backward, .replaceAll = true}));
+        ReplaceText();
+        EXPECT_EQ(buffer.Text(), "x yy yy x\nx") << backward;
+        EXPECT_EQ(Selection(buffer), (TextRange{MakePos(0, 2), MakePos(0, 7)})) << backward;
+    }
+    // Without a selection nothing happens; a read-only buffer is never replaced in.
+    TestBuffer buffer("x x");
+    host.dialogActions.push_back(Confirm(host, {.find = "x", .replace = "y", .range = 2}));
+    ReplaceText();
+    buffer->lines.readOnly = 1;
+    host.dialogActions.push_back(Confirm(host, {.find = "x", .replace = "y", .replaceAll = true}));
+    ReplaceText();
+    EXPECT_EQ(buffer.Text(), "x x");
+    EXPECT_EQ(host.statusPanes[4], "");
+}
+
+TEST_F(SearchTest, GotoLineClampsTheNumberIntoTheText) {
+    TestBuffer buffer("a\nb\nc\nd\ne");
+    const struct {
+        const char* typed;
+        int32_t line;
+    } cases[] = {{"3", 2},   {"1000", 4}, {"0", 0},          {"-7", 0},
+                 {"abc", 0}, {" 4x", 3},  {"99999999999", 4}};
+    for (const auto& c : cases) {
+        buffer.PlaceCaret(2, 1);
+        host.dialogActions.push_back([&](GadgetDialog& dialog) {
+            host.TypeText(*GadgetAfter(dialog, "&Enter line number:"), c.typed);
+            DialogOkCommand(dialog);
+        });
+        GotoLine();
+        EXPECT_EQ(buffer->cursor, MakePos(c.line, 0)) << c.typed;
+    }
+    // Cancel stays put; the one dialog is reused.
+    buffer.PlaceCaret(2, 1);
+    GotoLine();
+    EXPECT_EQ(buffer->cursor, MakePos(2, 1));
+    EXPECT_EQ(host.shownDialogs.size(), 8u);
+}
+
+} // namespace
+} // namespace ruvo
