@@ -15,40 +15,14 @@ bool IsLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
+char Folded(char c) {
+    if (c >= 'A' && c <= 'Z') return static_cast<char>(c - 'A' + 'a');
+    return c == '/' ? '\\' : c;
+}
+
 bool IsAbsolute(std::string_view path) {
     if (!path.empty() && IsSeparator(path[0])) return true;
     return path.size() >= 3 && IsLetter(path[0]) && path[1] == ':' && IsSeparator(path[2]);
-}
-
-// Lower case, backslashes, no "." steps, ".." taken back where it can be.
-std::string Normalised(std::string_view path) {
-    std::string lead;
-    size_t pos = 0;
-    while (pos < path.size() && IsSeparator(path[pos])) {
-        lead += '\\';
-        ++pos;
-    }
-    std::vector<std::string> steps;
-    while (pos <= path.size()) {
-        size_t end = pos;
-        while (end < path.size() && !IsSeparator(path[end]))
-            ++end;
-        std::string step;
-        for (size_t i = pos; i < end; ++i) {
-            const char c = path[i];
-            step += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-        }
-        if (step == ".." && !steps.empty() && steps.back() != ".." &&
-            steps.back().find(':') == std::string::npos)
-            steps.pop_back();
-        else if (!step.empty() && step != ".")
-            steps.push_back(step);
-        pos = end + 1;
-    }
-    std::string result = lead;
-    for (size_t i = 0; i < steps.size(); ++i)
-        result += (i == 0 ? "" : "\\") + steps[i];
-    return result;
 }
 
 } // namespace
@@ -63,8 +37,44 @@ std::string ResolveMessagePath(std::string_view workingDirectory, std::string_vi
     return path + std::string(file);
 }
 
+std::string CleanPath(std::string_view path) {
+    std::string result;
+    size_t pos = 0;
+    while (pos < path.size() && IsSeparator(path[pos])) {
+        result += '\\';
+        ++pos;
+    }
+    std::vector<std::string_view> steps;
+    while (pos <= path.size()) {
+        size_t end = pos;
+        while (end < path.size() && !IsSeparator(path[end]))
+            ++end;
+        const std::string_view step = path.substr(pos, end - pos);
+        const bool atRoot =
+            steps.empty() ? !result.empty() : steps.back().find(':') != std::string_view::npos;
+        if (step == "..") {
+            // ".." takes back a named step; at the root it stays there.
+            if (!steps.empty() && !atRoot && steps.back() != "..")
+                steps.pop_back();
+            else if (!atRoot)
+                steps.push_back(step);
+        } else if (!step.empty() && step != ".") {
+            steps.push_back(step);
+        }
+        pos = end + 1;
+    }
+    for (size_t i = 0; i < steps.size(); ++i) {
+        if (i > 0) result += '\\';
+        result += steps[i];
+    }
+    return result;
+}
+
 bool SameFilePath(std::string_view a, std::string_view b) {
-    return Normalised(a) == Normalised(b);
+    if (a.size() != b.size()) return false;
+    for (size_t i = 0; i < a.size(); ++i)
+        if (Folded(a[i]) != Folded(b[i])) return false;
+    return true;
 }
 
 int32_t ColumnToByte(std::string_view lineText, int32_t column, int32_t tabWidth) {
