@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "dialogs/gadget_dialog_win32.h"
 #include "docs/recent_files.h"
 #include "engine/editor.h"
 #include "settings/command_line.h"
@@ -27,10 +28,12 @@ void RememberProgram(ShellState& shell, HINSTANCE instance) {
         separator == std::string::npos ? std::string() : shell.programPath.substr(0, separator);
 }
 
-// Every message goes to the MDI accelerators first, then to the keyboard mapper.
+// Every message goes to the open modeless dialogs first, then to the MDI accelerators, then to
+// the keyboard mapper.
 int RunMessageLoop(const ShellState& shell) {
     MSG message;
     while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+        if (IsModelessDialogMessage(&message)) continue;
         if (shell.mdiClient != nullptr && TranslateMDISysAccel(shell.mdiClient, &message)) {
             continue;
         }

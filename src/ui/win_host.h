@@ -64,6 +64,18 @@ class WinHost : public Host {
     void ArrangeEditWindows(WindowArrangement how) override;
     void AboutBox(const std::vector<std::string>& lines) override; // about_box.cpp
 
+    // Dialogs of the builder (dialogs/gadget_dialog_win32.cpp, dialogs/input_dialog_win32.cpp).
+    DialogBaseUnits GetDialogBaseUnits() override;
+    int RunDialog(GadgetDialog& dialog, bool modal) override;
+    void EndDialog(GadgetDialog& dialog, int result) override;
+    void DestroyDialogWindow(GadgetDialog& dialog) override;
+    void UpdateGadgetControl(Gadget& gadget) override;
+    std::optional<std::string> ReadGadgetText(Gadget& gadget) override;
+    void ShowGadgetControl(Gadget& gadget, bool shown) override;
+    void FocusGadgetControl(Gadget& gadget) override;
+    std::optional<std::string> InputDialog(std::string_view prompt, std::string_view initial,
+                                           int maxLength) override;
+
     // Edit window input (win_host_input.cpp).
     void SetScrollBarRange(EditBuffer& buffer, bool vertical, int min, int max) override;
     void SetScrollBarPos(EditBuffer& buffer, bool vertical, int pos) override;
