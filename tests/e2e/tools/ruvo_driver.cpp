@@ -11,6 +11,9 @@
 //   wait-no-window TITLE SECONDS  wait until no visible top-level window has this title
 //   dialog-text TITLE         the static texts of the visible window TITLE (a message box):
 //                             "dialog-text <text>" with line feeds written as "\n"
+//   dialog-controls TITLE     the controls of the visible window TITLE in tab order, one line
+//                             each: "control <class> <on|off|-> <text>" (on/off: a check box
+//                             or radio button's state; an edit's text), after "dialog-controls N"
 //   answer TITLE BUTTON       presses yes, no, ok or cancel in window TITLE and waits until
 //                             that window is gone
 //   title                     the frame's title
@@ -181,6 +184,29 @@ BOOL CALLBACK PrintStaticText(HWND child, LPARAM) {
     return TRUE;
 }
 
+BOOL CALLBACK CollectChild(HWND child, LPARAM parameter) {
+    reinterpret_cast<std::vector<HWND>*>(parameter)->push_back(child);
+    return TRUE;
+}
+
+void PrintDialogControls(HWND dialog) {
+    std::vector<HWND> controls;
+    EnumChildWindows(dialog, CollectChild, reinterpret_cast<LPARAM>(&controls));
+    std::printf("dialog-controls %d\n", static_cast<int>(controls.size()));
+    for (HWND control : controls) {
+        char className[32] = {};
+        GetClassNameA(control, className, sizeof className);
+        const char* state = "-";
+        const LONG kind = GetWindowLongA(control, GWL_STYLE) & BS_TYPEMASK;
+        if (lstrcmpiA(className, "Button") == 0 &&
+            (kind == BS_AUTOCHECKBOX || kind == BS_CHECKBOX || kind == BS_AUTORADIOBUTTON ||
+             kind == BS_RADIOBUTTON)) {
+            state = SendMessageA(control, BM_GETCHECK, 0, 0) == BST_CHECKED ? "on" : "off";
+        }
+        std::printf("control %s %s %s\n", className, state, Escaped(TitleOf(control)).c_str());
+    }
+}
+
 void PrintClipboard() {
     if (!OpenClipboard(nullptr)) Fail("cannot open the clipboard");
     std::string text;
@@ -286,6 +312,10 @@ size_t Run(const std::vector<std::string>& args, size_t at) {
     }
     if (name == "dialog-text") {
         EnumChildWindows(FindTitled(argument(1)), PrintStaticText, 0);
+        return at + 2;
+    }
+    if (name == "dialog-controls") {
+        PrintDialogControls(FindTitled(argument(1)));
         return at + 2;
     }
     if (name == "answer") {
