@@ -20,6 +20,12 @@ char Folded(char c) {
     return c == '/' ? '\\' : c;
 }
 
+// The kind of slash a path uses first; a backslash when it has none.
+char SlashOf(std::string_view path) {
+    const size_t at = path.find_first_of("/\\");
+    return at == std::string_view::npos ? '\\' : path[at];
+}
+
 bool IsAbsolute(std::string_view path) {
     if (!path.empty() && IsSeparator(path[0])) return true;
     return path.size() >= 3 && IsLetter(path[0]) && path[1] == ':' && IsSeparator(path[2]);
@@ -33,15 +39,16 @@ std::string ResolveMessagePath(std::string_view workingDirectory, std::string_vi
     if (IsAbsolute(file) || workingDirectory.empty() || workingDirectory == ".")
         return std::string(file);
     std::string path(workingDirectory);
-    if (!IsSeparator(path.back())) path += '\\';
+    if (!IsSeparator(path.back())) path += SlashOf(workingDirectory);
     return path + std::string(file);
 }
 
 std::string CleanPath(std::string_view path) {
+    const char slash = SlashOf(path);
     std::string result;
     size_t pos = 0;
     while (pos < path.size() && IsSeparator(path[pos])) {
-        result += '\\';
+        result += slash;
         ++pos;
     }
     std::vector<std::string_view> steps;
@@ -64,7 +71,7 @@ std::string CleanPath(std::string_view path) {
         pos = end + 1;
     }
     for (size_t i = 0; i < steps.size(); ++i) {
-        if (i > 0) result += '\\';
+        if (i > 0) result += slash;
         result += steps[i];
     }
     return result;

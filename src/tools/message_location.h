@@ -21,8 +21,8 @@ struct MessageLocation {
 // A file named in a message, taken relative to the tool's working directory unless it is
 // absolute ("C:/a.v", "C:\a.v", "\a.v", "/a.v"); an empty or "." directory leaves it as it is.
 std::string ResolveMessagePath(std::string_view workingDirectory, std::string_view file);
-// The path with backslashes, without "." steps and with ".." steps taken back where they can
-// be; letter case is kept.
+// The path without "." steps, with ".." steps taken back where they can be and with every
+// slash of the kind it uses first; letter case is kept.
 std::string CleanPath(std::string_view path);
 // Whether two clean paths name the same file as Windows sees it: letter case and the kind of
 // slash do not count. Allocates nothing, so window painting may ask it for every entry.

@@ -245,14 +245,15 @@ TEST(MessageLocationTest, PathsAndColumns) {
     EXPECT_EQ(ResolveMessagePath("C:\\proj", "a.vhd"), "C:\\proj\\a.vhd");
     EXPECT_EQ(ResolveMessagePath("C:\\proj\\", "./sub/a.v"), "C:\\proj\\sub/a.v");
     EXPECT_EQ(ResolveMessagePath("C:\\proj", "D:/other/a.v"), "D:/other/a.v");
+    EXPECT_EQ(ResolveMessagePath("/home/me/proj", "a.v"), "/home/me/proj/a.v");
     EXPECT_EQ(ResolveMessagePath("C:\\proj", "\\\\server\\share\\a.v"), "\\\\server\\share\\a.v");
     EXPECT_EQ(ResolveMessagePath(".", "a.v"), "a.v");
     EXPECT_EQ(ResolveMessagePath("", "a b.v"), "a b.v");
 
-    EXPECT_EQ(CleanPath("C:/proj/./sub/../a b.vhd"), "C:\\proj\\a b.vhd");
+    EXPECT_EQ(CleanPath("C:/proj/./sub\\../a b.vhd"), "C:/proj/a b.vhd");
     EXPECT_EQ(CleanPath("\\\\server/share//x/../a.v"), "\\\\server\\share\\a.v");
     EXPECT_EQ(CleanPath("C:\\..\\a.v"), "C:\\a.v");
-    EXPECT_EQ(CleanPath("../../a.v"), "..\\..\\a.v");
+    EXPECT_EQ(CleanPath("..\\../a.v"), "..\\..\\a.v");
     EXPECT_TRUE(SameFilePath("C:\\Proj\\A.vhd", "c:/proj/a.vhd"));
     EXPECT_FALSE(SameFilePath("C:\\proj\\a.vhd", "C:\\proj\\a_pkg.vhd"));
     EXPECT_FALSE(SameFilePath("C:\\a.vhd", "D:\\a.vhd"));
