@@ -13,6 +13,7 @@ RUVO_PACKAGES=(
     g++-mingw-w64-x86-64 binutils-mingw-w64-x86-64
     wine wine64
     xvfb xdotool imagemagick
+    cups printer-driver-cups-pdf poppler-utils
 )
 
 ruvo_log() { printf '==> %s\n' "$*"; }

@@ -15,6 +15,7 @@
 #include "engine/editor.h"
 #include "engine/transaction_log.h"
 #include "host/host.h"
+#include "print/print_commands.h"
 #include "settings/error_report.h"
 
 namespace ruvo {

@@ -9,9 +9,6 @@
 
 namespace ruvo {
 
-int PrintText() {
-    return 0;
-}
 int EditSpecial() {
     return 0;
 }

@@ -4,7 +4,6 @@
 
 namespace ruvo {
 
-int PrintText();
 int EditSpecial();
 int EditTemplates();
 int LanguageExpand();

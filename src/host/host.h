@@ -13,6 +13,7 @@ namespace ruvo {
 struct EditBuffer;
 struct Gadget;
 struct GadgetDialog;
+struct PrintedPage;
 
 // Results of QuestionBox, and its kinds.
 enum class QuestionKind : int { YesNoCancel = 1, OkCancel = 2, YesNo = 3 };
@@ -42,6 +43,46 @@ struct FileDialogResult {
     std::string fileName;          // the chosen file, full path
     std::string directory;         // the directory the dialog ended in
     bool readOnly = false;         // the "open as read-only" check box
+};
+
+// Printing: the platform's print dialog, and one job at a time on a printer.
+enum class PrinterStatus { Ok, Cancelled, NoPrinter, Failed };
+enum class PrintRange { All, Pages, Selection };
+
+struct PrintDialogRequest {
+    std::string printerName;   // the printer shown first when none was chosen yet; empty: default
+    bool hasSelection = false; // the selection may be printed
+};
+
+struct PrintDialogAnswer {
+    PrinterStatus status = PrinterStatus::Cancelled;
+    std::string printerName; // the printer chosen
+    PrintRange range = PrintRange::All;
+    int fromPage = 1; // 1-based, for PrintRange::Pages
+    int toPage = 1;
+    int copies = 1; // copies the program itself sends
+    bool collate = true;
+};
+
+struct PrintJobStart {
+    std::string documentName;    // the job's name in the printer's queue
+    bool defaultPrinter = false; // the default printer, else the one chosen in the dialog
+    std::string fontFace;        // fixed-pitch face; bold, italic and underlined variants
+    int fontPointSize = 10;
+};
+
+// The printer's page and font in its device units.
+struct PrinterMetrics {
+    int paperWidth = 0; // the whole sheet
+    int paperHeight = 0;
+    int printableLeft = 0; // where the printable area starts on the sheet
+    int printableTop = 0;
+    int printableWidth = 0;
+    int printableHeight = 0;
+    int dotsPerInchX = 0;
+    int dotsPerInchY = 0;
+    int charWidth = 0; // the font's character cell
+    int lineHeight = 0;
 };
 
 class Host {
@@ -174,6 +215,21 @@ public:
                                                    int /*maxLength*/) {
         return std::nullopt;
     }
+
+    // --- Printing -----------------------------------------------------------------------------
+    // The platform's print dialog (printer, copies, page range); the printer settings chosen
+    // in it are kept for the next dialog and the next job.
+    virtual PrintDialogAnswer PrintDialog(const PrintDialogRequest&) { return {}; }
+    // Opens the printer, makes the fonts and starts a job; on Ok the metrics are filled.
+    virtual PrinterStatus StartPrintJob(const PrintJobStart&, PrinterMetrics&) {
+        return PrinterStatus::NoPrinter;
+    }
+    // Draws one page of the running job; false when the printer refused it.
+    virtual bool PrintPage(const PrintedPage&) { return false; }
+    // Ends the running job (completed, else cancelled) and closes the printer.
+    virtual void EndPrintJob(bool /*completed*/) {}
+    // Frees the printer settings kept since the last dialog or job.
+    virtual void ReleasePrinterSettings() {}
 
     // --- About box --------------------------------------------------------------------------
     // A small modal box owned by the frame showing the lines centred, with an OK button.

@@ -83,12 +83,18 @@ int ScanLine(std::string_view line, const LanguageDef* language, ColourRun* runs
         runs[0] = ColourRun{0, length, ColorBlack, 0, RunKind::Plain, 0};
         return 1;
     }
+    return ScanLineInLanguage(line, *language, runs, capacity);
+}
 
-    RunWriter writer(line, *language, runs, capacity);
+int ScanLineInLanguage(std::string_view line, const LanguageDef& language, ColourRun* runs,
+                       int capacity) {
+    if (line.empty() || capacity < 1) return 0;
+    const int32_t length = static_cast<int32_t>(line.size());
+    RunWriter writer(line, language, runs, capacity);
     int32_t plainStart = 0;
     int32_t at = 0;
     while (at < length) {
-        const Token token = TokenAt(line, static_cast<size_t>(at), *language);
+        const Token token = TokenAt(line, static_cast<size_t>(at), language);
         if (token.length == 0) {
             if (IsAsciiLetter(line[at])) {
                 // Nothing is looked for inside an identifier.
@@ -101,14 +107,14 @@ int ScanLine(std::string_view line, const LanguageDef* language, ColourRun* runs
             continue;
         }
         if (at > plainStart &&
-            !writer.Add(plainStart, at - plainStart, language->text, RunKind::Plain, 0))
+            !writer.Add(plainStart, at - plainStart, language.text, RunKind::Plain, 0))
             return writer.Count();
         if (!writer.Add(at, token.length, token.attribute, token.kind, token.group))
             return writer.Count();
         at += token.length;
         plainStart = at;
     }
-    if (at > plainStart) writer.Add(plainStart, at - plainStart, language->text, RunKind::Plain, 0);
+    if (at > plainStart) writer.Add(plainStart, at - plainStart, language.text, RunKind::Plain, 0);
     return writer.Count();
 }
 

@@ -28,5 +28,8 @@ constexpr int MaxRunsPerLine = MaxLineLength + 1;
 // one black run. Should capacity run short, the last run takes the rest of the line in the
 // text colour. Allocates nothing.
 int ScanLine(std::string_view line, const LanguageDef* language, ColourRun* runs, int capacity);
+// The same runs in the language's colours whatever the Colors option says (printing).
+int ScanLineInLanguage(std::string_view line, const LanguageDef& language, ColourRun* runs,
+                       int capacity);
 
 } // namespace ruvo

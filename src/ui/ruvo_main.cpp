@@ -7,10 +7,10 @@
 #include "dialogs/gadget_dialog_win32.h"
 #include "docs/recent_files.h"
 #include "engine/editor.h"
+#include "print/print_commands.h"
 #include "settings/command_line.h"
 #include "settings/settings_io.h"
 #include "settings/window_placement.h"
-#include "ui/command_line_print.h"
 #include "ui/ctl3d.h"
 #include "ui/frame_window.h"
 #include "ui/win_host.h"
@@ -71,6 +71,7 @@ int RunEditor(HINSTANCE instance, HINSTANCE previous, const char* commandLine, i
     std::string line = commandLine != nullptr ? commandLine : "";
     if (const std::optional<std::string> printName = PrintRequest(line)) {
         PrintFileFromCommandLine(*printName);
+        ReleasePrinterSettings();
         return 0;
     }
     if (!RemoveNewInstanceSwitch(line)) {

@@ -84,12 +84,25 @@ class WinHost : public Host {
     void RecreateCaret(EditBuffer& buffer) override;
     void NudgePointer(bool down) override;
 
+    // Printing (print/print_win32.cpp).
+    PrintDialogAnswer PrintDialog(const PrintDialogRequest& request) override;
+    PrinterStatus StartPrintJob(const PrintJobStart& start, PrinterMetrics& metrics) override;
+    bool PrintPage(const PrintedPage& page) override;
+    void EndPrintJob(bool completed) override;
+    void ReleasePrinterSettings() override;
+
   private:
     int busyDepth_ = 0;
     HCURSOR cursorBeforeBusy_ = nullptr;
     HWND progressWindow_ = nullptr;
     HWND progressBar_ = nullptr;
     HWND progressLabel_ = nullptr;
+    // The printer settings kept from the print dialog, and the printer of the running job with
+    // its fonts by typeface bits.
+    HGLOBAL printDevMode_ = nullptr;
+    HGLOBAL printDevNames_ = nullptr;
+    HDC printDc_ = nullptr;
+    HFONT printFonts_[8] = {};
 };
 
 // The host of the running program (the Editor's host is always a WinHost in ruvo.exe).

@@ -15,6 +15,8 @@
 #   e2e_ini_value FILE SECTION KEY, e2e_ini_set FILE SECTION KEY VALUE
 #   $E2E_PROFILE                 the profile the program writes (C:\windows\ruvo.ini)
 #   $E2E_APP_DIR                 C:\ruvo as a Linux path (config files are copied there)
+#   e2e_start_printer, e2e_stop_printer  a CUPS server of the scenario's own whose default
+#                                printer writes PDF files into $E2E_PDF_DIR; e2e_wait_pdf COUNT
 # The profile is reset before each scenario: the shipped config/ruvo.ini when there is one.
 # A folder with in.<ext>, steps and out.<ext> instead of run.sh is a golden case
 # (golden_case.sh).
@@ -236,4 +238,72 @@ e2e_ini_set() {
         END { if (inside && !done) add()
               else if (!seen) { print section; add() } }' >"$updated"
     mv "$updated" "$file"
+}
+
+# --- A printer whose output is a file -------------------------------------------------------
+# A CUPS server of the scenario's own (its socket in CUPS_SERVER, so runs side by side do not
+# meet) with a cups-pdf queue as its default printer. Every Wine program reads the printers of
+# CUPS_SERVER when it starts, so this comes before e2e_start_ruvo.
+E2E_CUPSD_PID=
+e2e_start_printer() {
+    local tool
+    for tool in /usr/sbin/cupsd lpadmin lpstat pdftotext pdftoppm pdffonts; do
+        command -v "$tool" >/dev/null || e2e_fail "$tool is not installed (scripts/test installs it)"
+    done
+    [[ -x /usr/lib/cups/backend/cups-pdf ]] || e2e_fail "cups-pdf is not installed"
+    # Filters run as the user lp: the folders must be open to it.
+    E2E_CUPS_DIR=$(mktemp -d "${TMPDIR:-/tmp}/ruvo-cups.XXXXXX")
+    chmod 755 "$E2E_CUPS_DIR"
+    E2E_PRINTER=RUVO_PDF_$(basename "$E2E_CUPS_DIR" | tr -cd 'A-Za-z0-9')
+    E2E_PDF_DIR=$E2E_CUPS_DIR/pdf
+    export E2E_CUPS_DIR E2E_PRINTER E2E_PDF_DIR
+    local dir=$E2E_CUPS_DIR
+    mkdir -p "$dir"/{etc,spool,cache,state,log,pdf,pdf-spool}
+    printf '%s\n' "ServerRoot $dir/etc" "RequestRoot $dir/spool" "CacheDir $dir/cache" \
+        "StateDir $dir/state" "AccessLog $dir/log/access_log" "ErrorLog $dir/log/error_log" \
+        "PageLog $dir/log/page_log" "SystemGroup root" >"$dir/etc/cups-files.conf"
+    printf '%s\n' "Listen $dir/cups.sock" "LogLevel warn" "Browsing Off" "WebInterface No" \
+        "DefaultAuthType None" "<Location />" "Order allow,deny" "Allow all" "</Location>" \
+        >"$dir/etc/cupsd.conf"
+    # cups-pdf reads the settings of the queue named in its device URI from /etc/cups.
+    printf '%s\n' "Out $dir/pdf" "AnonDirName $dir/pdf" "Spool $dir/pdf-spool" "Log $dir/log" \
+        >"/etc/cups/cups-pdf-$E2E_PRINTER.conf"
+    /usr/sbin/cupsd -f -c "$dir/etc/cupsd.conf" -s "$dir/etc/cups-files.conf" \
+        >"$dir/log/cupsd.out" 2>&1 &
+    E2E_CUPSD_PID=$!
+    export CUPS_SERVER=$dir/cups.sock
+    local waited=0
+    until lpstat -r 2>/dev/null | grep -q 'is running'; do
+        ((waited >= 100)) && e2e_fail "cupsd did not start (see $dir/log)"
+        sleep 0.1
+        waited=$((waited + 1))
+    done
+    lpadmin -p "$E2E_PRINTER" -E -v "cups-pdf:/$E2E_PRINTER" -m lsb/usr/cups-pdf/CUPS-PDF_opt.ppd \
+        2>/dev/null || e2e_fail "cannot add the PDF printer"
+    lpadmin -d "$E2E_PRINTER" || e2e_fail "cannot make $E2E_PRINTER the default printer"
+    e2e_log "printer $E2E_PRINTER (cupsd pid $E2E_CUPSD_PID) writes into $E2E_PDF_DIR"
+}
+
+e2e_stop_printer() {
+    if [[ -n $E2E_CUPSD_PID ]]; then
+        kill "$E2E_CUPSD_PID" 2>/dev/null || true
+        wait "$E2E_CUPSD_PID" 2>/dev/null || true
+        E2E_CUPSD_PID=
+    fi
+    if [[ -n ${E2E_PRINTER:-} ]]; then rm -f "/etc/cups/cups-pdf-$E2E_PRINTER.conf"; fi
+    if [[ -n ${E2E_CUPS_DIR:-} && -z ${E2E_KEEP:-} ]]; then rm -rf "$E2E_CUPS_DIR"; fi
+    unset CUPS_SERVER
+}
+
+# Waits until the printer's queue is empty and COUNT PDF files exist; prints the newest.
+e2e_wait_pdf() {
+    local count=$1 seconds=${2:-$E2E_TIMEOUT} waited=0 files
+    while :; do
+        files=$(find "$E2E_PDF_DIR" -name '*.pdf' | wc -l)
+        ((files >= count)) && [[ -z $(lpstat -o 2>/dev/null) ]] && break
+        ((waited >= seconds * 10)) && e2e_fail "no PDF number $count within $seconds s"
+        sleep 0.1
+        waited=$((waited + 1))
+    done
+    ls -t "$E2E_PDF_DIR"/*.pdf | head -n 1
 }

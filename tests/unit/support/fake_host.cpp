@@ -266,4 +266,24 @@ std::optional<std::string> FakeHost::InputDialog(std::string_view prompt, std::s
     return answer;
 }
 
+PrintDialogAnswer FakeHost::PrintDialog(const PrintDialogRequest& request) {
+    printDialogs.push_back(request);
+    if (printDialogAnswers.empty()) return {};
+    PrintDialogAnswer answer = printDialogAnswers.front();
+    printDialogAnswers.pop_front();
+    return answer;
+}
+
+PrinterStatus FakeHost::StartPrintJob(const PrintJobStart& start, PrinterMetrics& metrics) {
+    printJobs.push_back(start);
+    if (printerStatus == PrinterStatus::Ok) metrics = printerMetrics;
+    return printerStatus;
+}
+
+bool FakeHost::PrintPage(const PrintedPage& page) {
+    if (static_cast<int>(printedPages.size()) == refusedPage) return false;
+    printedPages.push_back(page);
+    return true;
+}
+
 } // namespace ruvo

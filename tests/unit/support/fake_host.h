@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "host/host.h"
+#include "print/print_layout.h"
 
 namespace ruvo {
 
@@ -126,6 +127,23 @@ class FakeHost : public Host {
     }
 
     std::map<EditBuffer*, std::string> windowTitles;
+
+    // --- Printing: what the tests script and read back ---
+    std::deque<PrintDialogAnswer> printDialogAnswers; // empty: the dialog is cancelled
+    std::vector<PrintDialogRequest> printDialogs;
+    PrinterStatus printerStatus = PrinterStatus::Ok; // what StartPrintJob answers
+    PrinterMetrics printerMetrics{2550, 3300, 75, 75, 2400, 3150, 300, 300, 25, 42}; // letter
+    int refusedPage = -1; // PrintPage fails for this page of all
+    std::vector<PrintJobStart> printJobs;
+    std::vector<PrintedPage> printedPages; // every page sent, in order
+    std::vector<bool> endedJobs;           // EndPrintJob's argument per job
+    int printerReleases = 0;
+
+    PrintDialogAnswer PrintDialog(const PrintDialogRequest& request) override;
+    PrinterStatus StartPrintJob(const PrintJobStart& start, PrinterMetrics& metrics) override;
+    bool PrintPage(const PrintedPage& page) override;
+    void EndPrintJob(bool completed) override { endedJobs.push_back(completed); }
+    void ReleasePrinterSettings() override { ++printerReleases; }
 
     // --- Dialogs: the user's part ---
     // What the user does in each dialog shown from now on, in order: fill gadgets (TypeText,
