@@ -158,9 +158,17 @@ TEST_F(SearchTest, ReplaceAllTakesOneUndoStepPerMatchAndNeverFindsItsOwnResult) 
 
 TEST_F(SearchTest, PromptedReplaceAsksEachTimeAndCancelKeepsWhatWasDone) {
     TestBuffer buffer("foo foo foo foo");
+    const Choices all{.find = "foo", .replace = "bar", .replaceAll = true, .prompt = true};
+    host.answers = {AnswerCancel};
+    host.dialogActions.push_back(Confirm(host, all));
+    ReplaceText();
+    EXPECT_EQ(buffer.Text(), "foo foo foo foo");
+    EXPECT_EQ(host.boxes.size(), 1u);
+
+    host.boxes.clear();
+    buffer.Select(MakePos(0, 0), MakePos(0, 0));
     host.answers = {AnswerYes, AnswerNo, AnswerYes, AnswerCancel};
-    host.dialogActions.push_back(
-        Confirm(host, {.find = "foo", .replace = "bar", .replaceAll = true, .prompt = true}));
+    host.dialogActions.push_back(Confirm(host, all));
     ReplaceText();
     EXPECT_EQ(buffer.Text(), "bar foo bar foo");
     ASSERT_EQ(host.boxes.size(), 4u);
@@ -180,18 +188,44 @@ TEST_F(SearchTest, PromptedReplaceAsksEachTimeAndCancelKeepsWhatWasDone) {
 }
 
 TEST_F(SearchTest, TheSelectedRangeKeepsReplacementsInsideTheSelection) {
+    // A match that runs past the end of the selection does not count, in either direction.
+    const struct {
+        const char *text, *find, *replace;
+        TextRange selected;
+        const char* replaced;
+        TextRange after;
+    } cases[] = {
+        {"x x x x\nx", "x", "yy", {{0, 2}, {0, 5}}, "x yy yy x\nx", {{0, 2}, {0, 7}}},
+        {"ab ab ab", "ab", "X", {{0, 0}, {0, 4}}, "X ab ab", {{0, 0}, {0, 3}}},
+    };
+    for (const auto& c : cases) {
+        for (const bool backward : {false, true}) {
+            TestBuffer buffer(c.text);
+            buffer.Select(c.selected.start, c.selected.end);
+            host.dialogActions.push_back(Confirm(host, {.find = c.find,
+                                                        .replace = c.replace,
+                                                        .range = 2,
+                                                        .backward = backward,
+                                                        .replaceAll = true}));
+            ReplaceText();
+            EXPECT_EQ(buffer.Text(), c.replaced) << c.text << backward;
+            EXPECT_EQ(Selection(buffer), c.after) << c.text << backward;
+        }
+    }
+    // Finding there keeps the selection for the next search and highlights the match.
+    TestBuffer found("x yy yy x");
     for (const bool backward : {false, true}) {
-        TestBuffer buffer("x x x x\nx");
-        buffer.Select(MakePos(0, 2), MakePos(0, 5));
-        host.dialogActions.push_back(Confirm(
-            host,
-            {.find = "x", .replace = "yy", .range = 2, .backward = backward, .replaceAll = true}));
-        ReplaceText();
-        EXPECT_EQ(buffer.Text(), "x yy yy x\nx") << backward;
-        EXPECT_EQ(Selection(buffer), (TextRange{MakePos(0, 2), MakePos(0, 7)})) << backward;
+        found.Select(MakePos(0, 2), MakePos(0, 7));
+        host.dialogActions.push_back(
+            Confirm(host, {.find = "y", .range = 2, .backward = backward}));
+        FindText();
+        EXPECT_EQ(Selection(found), (TextRange{MakePos(0, 2), MakePos(0, 7)})) << backward;
+        ASSERT_FALSE(host.foundTexts.empty());
+        EXPECT_EQ(host.foundTexts.back().startColumn, backward ? 6 : 2) << backward;
     }
     // Without a selection nothing happens; a read-only buffer is never replaced in.
     TestBuffer buffer("x x");
+    host.statusPanes[4].clear();
     host.dialogActions.push_back(Confirm(host, {.find = "x", .replace = "y", .range = 2}));
     ReplaceText();
     buffer->lines.readOnly = 1;
