@@ -4,7 +4,11 @@
 #include <cctype>
 #include <string>
 
+#include "aids/hdl_edits_dialog.h"
+#include "aids/range_edits.h"
 #include "aids/search_commands.h"
+#include "aids/templates_dialog.h"
+#include "aids/word_expansion.h"
 #include "commands/pending_commands.h"
 #include "docs/file_commands.h"
 #include "engine/bookmarks.h"

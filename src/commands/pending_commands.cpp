@@ -9,18 +9,6 @@
 
 namespace ruvo {
 
-int EditSpecial() {
-    return 0;
-}
-int EditTemplates() {
-    return 0;
-}
-int LanguageExpand() {
-    return 0;
-}
-int IdentifierExpand() {
-    return 0;
-}
 int VsystemOptions() {
     return 0;
 }
@@ -43,18 +31,6 @@ int NextError() {
     return 0;
 }
 int PrevError() {
-    return 0;
-}
-int AddIndent() {
-    return 0;
-}
-int RemoveIndent() {
-    return 0;
-}
-int AddComment() {
-    return 0;
-}
-int RemoveComment() {
     return 0;
 }
 int EditorOptions() {

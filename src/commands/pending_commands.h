@@ -4,10 +4,6 @@
 
 namespace ruvo {
 
-int EditSpecial();
-int EditTemplates();
-int LanguageExpand();
-int IdentifierExpand();
 int VsystemOptions();
 int VsystemVHDL();
 int VsystemVerilog();
@@ -16,10 +12,6 @@ int SynplifyVhdl();
 int SynplifyVerilog();
 int NextError();
 int PrevError();
-int AddIndent();
-int RemoveIndent();
-int AddComment();
-int RemoveComment();
 int EditorOptions();
 int LanguageOptions();
 int LeonardoOptions();

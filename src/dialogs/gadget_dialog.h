@@ -121,6 +121,7 @@ struct Gadget {
     bool perItemValuesEnabled = true;
     std::vector<int> itemValues;
     void* window = nullptr; // the control while the dialog exists (platform's)
+    bool doubleClicked = false; // set by the platform while a list's double click is notified
 
     bool IsDisabled() const { return (stateBits & GadgetDisabledBit) != 0; }
     bool IsTextType() const; // edit, scrolling edit, static text

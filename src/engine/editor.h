@@ -3,6 +3,7 @@
 #pragma once
 
 #include "aids/aids_state.h"
+#include "aids/hdl_aids_state.h"
 #include "commands/command_state.h"
 #include "docs/document_state.h"
 #include "engine/engine_state.h"
@@ -26,6 +27,7 @@ struct Editor {
     LanguageState languages;
     DocumentState documents;
     AidsState aids;
+    HdlAidsState hdlAids;
 };
 
 // The editor of this process. Installed by the program at start-up and by each test.

@@ -1,6 +1,7 @@
 // Loading and saving of every subsystem's settings, in their fixed order.
 #include "settings/settings_io.h"
 
+#include "aids/template_profile.h"
 #include "docs/recent_files.h"
 #include "lang/language_io.h"
 #include "settings/options_io.h"
@@ -21,7 +22,7 @@ void LoadSettings() {
 void SaveSettings() {
     SaveOptions();
     // The V-System settings are saved here, first after [Options].
-    // The template list is saved here, before the printing settings.
+    SaveTemplatesToProfile();
     SavePrintSettings();
     SaveLanguages();
     // The user-defined tools are saved here, last.

@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "aids/template_profile.h"
 #include "commands/command_table.h"
 #include "docs/changed_on_disk.h"
 #include "docs/documents.h"
@@ -108,6 +109,7 @@ void OnCreate(HWND frame) {
     shell.buttonBar = CreateChild(frame, ButtonBarClassName, 0, 0, empty, nullptr);
     SetStatusMode(StatusMode::Normal);
 
+    LoadTemplatesFromProfile();
     OpenCommandLineFiles(shell.commandLine.c_str());
     if (HasStartupErrors()) ShowStartupErrors();
     DragAcceptFiles(frame, TRUE);

@@ -1,0 +1,218 @@
+// Template files: the reader's reports, expansion into the buffer, the two dialogs, the
+// warnings of expansion by name and the [Templates] profile section.
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "aids/hdl_aids_state.h"
+#include "aids/template_expand.h"
+#include "aids/template_profile.h"
+#include "aids/templates_dialog.h"
+#include "dialogs/gadget_dialog.h"
+#include "engine/editing_commands.h"
+#include "lang/language_io.h"
+#include "lang/language_table.h"
+#include "settings/error_report.h"
+
+#include "buffer_builder.h"
+#include "dialog_script.h"
+#include "editor_fixture.h"
+#include "language_test_files.h"
+
+namespace ruvo {
+namespace {
+
+class TemplatesTest : public EditorTest {
+  protected:
+    // The start-up error lines after the banner.
+    std::vector<std::string> Reports() const {
+        std::vector<std::string> lines;
+        const LineList* log = editor.settings.startupErrors.lines;
+        for (int32_t i = 3; log != nullptr && i < log->lineCount; ++i)
+            lines.emplace_back(log->lineText[i]);
+        return lines;
+    }
+    std::vector<std::string> Names(const TemplateFile& file) const {
+        std::vector<std::string> names;
+        for (const Template& entry : file.templates)
+            names.push_back(entry.name);
+        return names;
+    }
+    TemplateState& state() { return editor.hdlAids.templates; }
+};
+
+TEST_F(TemplatesTest, ReaderKeepsGoodTemplatesAndReportsEachFault) {
+    const std::string name30(30, 'n');
+    const std::string param31(31, 'p');
+    struct Case {
+        std::string text;
+        std::vector<std::string> names;
+        std::vector<std::string> reports; // "@" stands for "\tthis error occured ... <path>."
+    } cases[] = {
+        {"before\n[and2(a, b)] text after\ny <= $1$ and $2$;\n[empty()]\n", {"and2", "empty"}, {}},
+        {"[t(a,,b)]\nx\n[ok()]\n", {"ok"}, {"Error 8: Missing parameter name in: t.", "@"}},
+        {"[t(a,b,c,d,e,f)]\n[five( a ,b,c,d,e )]\n",
+         {"five"},
+         {"Error 8: Too many parameters in: t.", "@"}},
+        {"[" + name30 + "()]\n[" + name30 + "x()]\n",
+         {name30},
+         {"Error 8: Too long template name:  " + name30 + "x.", "@"}},
+        {"[t(a, " + param31 + ")]\n", {}, {"Error 8: Too long parameter name in: t.", "@"}},
+        {"[and2]\n[x(a)\n[ (a)]\n",
+         {},
+         {"Error 8: Incorrectly delimited parameter list in: and.", "@",
+          "Error 8: Incorrectly delimited template header: [x(a).", "@",
+          "Error 8: Missing template name with parameter list: a).", "@"}},
+        {"[t(a)]\n$0$ $1$ $2$\r\n",
+         {"t"},
+         {"Error 8: Body contains placeholder of non-existent parameter in: t.", "@",
+          "Error 8: Body contains placeholder of non-existent parameter in: t.", "@"}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.text);
+        TempFile file(c.text);
+        const size_t reported = Reports().size();
+        const TemplateFile* loaded = LoadTemplateFile(file.path());
+        ASSERT_NE(loaded, nullptr);
+        EXPECT_EQ(Names(*loaded), c.names);
+        std::vector<std::string> expected;
+        for (const std::string& line : c.reports)
+            expected.push_back(
+                line == "@" ? "Error 8: \tthis error occured in template file: " + file.path() + "."
+                            : line);
+        const std::vector<std::string> all = Reports();
+        EXPECT_EQ(std::vector<std::string>(all.begin() + static_cast<long>(reported), all.end()),
+                  expected);
+    }
+    const Template& and2 = state().loadedFiles[0]->templates[0];
+    EXPECT_EQ(and2.paramNames[1], "b");
+    EXPECT_EQ(and2.body, "y <= $1$ and $2$;\n");
+    const Template& t = state().loadedFiles.back()->templates[0];
+    EXPECT_EQ(t.placeholderUses[0], 1);
+    EXPECT_EQ(ExpandTemplateBody(t, {"v"}), "$0$ v $2$\n");
+
+    EXPECT_EQ(LoadTemplateFile("/no/such/file.tpl"), nullptr);
+    EXPECT_EQ(Reports().back(), "Error 2: Cannot open template file '/no/such/file.tpl'.");
+}
+
+TEST_F(TemplatesTest, DialogsInsertWithValuesKeptAsOneEdit) {
+    TempFile file("[and2(a, b)]\ny <= $1$ and $2$;\n[empty()]\n-- empty\n");
+    ASSERT_NE(LoadTemplateFile(file.path()), nullptr);
+    TestBuffer buffer("first\nlast");
+    buffer.PlaceCaret(1, 0);
+    // Chooses the file and then each template in turn, by the Insert button or a double click.
+    auto chooseTemplates = [](std::vector<int> templateIndexes, bool doubleClick) {
+        return [=](GadgetDialog& dialog) {
+            ASSERT_EQ(dialog.gadgets[0]->items.size(), 1u);
+            GadgetNotified(dialog, dialog.gadgets[0]->controlId, 0);
+            Gadget& insert = *GadgetWithText(dialog, "&Insert >>");
+            EXPECT_TRUE(insert.IsDisabled());
+            Gadget& templates = *dialog.gadgets[1];
+            EXPECT_EQ(templates.items, (std::vector<std::string>{"and2", "empty"}));
+            for (int index : templateIndexes) {
+                templates.doubleClicked = doubleClick;
+                GadgetNotified(dialog, templates.controlId, index);
+                templates.doubleClicked = false;
+                if (!doubleClick) GadgetNotified(dialog, insert.controlId, 0);
+            }
+            GadgetNotified(dialog, GadgetWithText(dialog, "&Close")->controlId, 0);
+        };
+    };
+    host.dialogActions.push_back(chooseTemplates({0}, false));
+    host.dialogActions.push_back([this](GadgetDialog& dialog) {
+        EXPECT_EQ(dialog.gadgets[0]->text, "a");
+        EXPECT_EQ(host.gadgetShown[dialog.gadgets[4].get()], false); // row 2 hidden
+        host.TypeText(*dialog.gadgets[1], "x1");
+        host.TypeText(*dialog.gadgets[3], "x2");
+        DialogOkCommand(dialog);
+    });
+    EditTemplates();
+    EXPECT_EQ(buffer.Text(), "first\ny <= x1 and x2;\nlast");
+    EXPECT_EQ(buffer->cursor, MakePos(2, 0));
+
+    // The values stay for the next use; the template without parameters needs no dialog.
+    host.dialogActions.push_back(chooseTemplates({0, 1}, true));
+    host.dialogActions.push_back([](GadgetDialog& dialog) {
+        EXPECT_EQ(GlGadgetGetText(*dialog.gadgets[3]), "x2");
+        DialogCancelCommand(dialog);
+    });
+    EditTemplates();
+    EXPECT_EQ(host.shownDialogs, (std::vector<std::string>{"Templates", "Expand Template",
+                                                           "Templates", "Expand Template"}));
+    EXPECT_EQ(buffer.Text(), "first\ny <= x1 and x2;\n-- empty\nlast");
+    EditUndo();
+    EditUndo();
+    EXPECT_EQ(buffer.Text(), "first\nlast");
+}
+
+TEST_F(TemplatesTest, ExpandByNameWarnsOfAMissingFileOrTemplate) {
+    TempFile file("[empty()]\nx\n");
+    TestBuffer buffer("");
+    EXPECT_EQ(ExpandTemplateByName(file.path() + "-gone", "empty"), 0);
+    EXPECT_EQ(ExpandTemplateByName(file.path(), "Empty"), 0);
+    EXPECT_EQ(ExpandTemplateByName(file.path(), "empty"), 1);
+    ASSERT_EQ(host.boxes.size(), 2u);
+    EXPECT_EQ(host.boxes[0].caption, "Warning");
+    EXPECT_EQ(host.boxes[0].text, "Template file \"" + file.path() + "-gone\" not found.");
+    EXPECT_EQ(host.boxes[1].text, "Template \"Empty\" not found in file \"" + file.path() + "\" .");
+    EXPECT_EQ(state().loadedFiles.size(), 1u); // loaded once, found again by its path
+    EXPECT_EQ(buffer.Text(), "x\n");
+}
+
+TEST_F(TemplatesTest, ProfileKeepsLoadedAndMissingFilesAndDropsRemovedOnes) {
+    TempFile a("[a()]\n");
+    TempFile b("[b()]\n");
+    host.SetProfile("Templates", "1", a.path());
+    host.SetProfile("Templates", "2", "/missing.tpl");
+    host.SetProfile("Templates", "3", b.path());
+    host.SetProfile("Templates", "4", a.path());
+    LoadTemplatesFromProfile();
+    ASSERT_EQ(state().loadedFiles.size(), 2u);
+
+    host.dialogActions.push_back([](GadgetDialog& dialog) {
+        GadgetNotified(dialog, dialog.gadgets[0]->controlId, 0);
+        GadgetNotified(dialog, GadgetWithText(dialog, "&Remove")->controlId, 0);
+        EXPECT_EQ(dialog.gadgets[0]->items.size(), 1u);
+        EXPECT_TRUE(dialog.gadgets[1]->items.empty());
+    });
+    EditTemplates();
+    SaveTemplatesToProfile();
+    EXPECT_EQ(host.ProfileValue("Templates", "1"), b.path());
+    EXPECT_EQ(host.ProfileValue("Templates", "2"), "/missing.tpl");
+    EXPECT_EQ(host.ProfileValue("Templates", "3"), "");
+    EXPECT_EQ(host.ProfileValue("Templates", "4"), "");
+}
+
+TEST_F(TemplatesTest, ShippedExpandersNameShippedTemplates) {
+    ASSERT_TRUE(LoadIniIntoProfile(host, SourcePath("config/ruvo.ini")));
+    EXPECT_EQ(host.ProfileValue("Templates", "1"), "$INSTALL\\vhdl.tpl");
+    EXPECT_EQ(host.ProfileValue("Templates", "2"), "$INSTALL\\verilog.tpl");
+    host.SetProfile("VHDL", "File", SourcePath("config/vhdl.lsf"));
+    host.SetProfile("Verilog", "File", SourcePath("config/verilog.lsf"));
+    LoadLanguages();
+    int references = 0;
+    for (int language = 1; language <= 2; ++language) {
+        const LanguageDef& def = LanguageEntry(language);
+        for (int i = 0; i < def.expanderValues.Count(); ++i) {
+            const std::string value = def.expanderValues[i];
+            if (value[0] != '[') continue;
+            ++references;
+            // [$INSTALL\file][name]: the file is taken from the checkout.
+            const size_t fileEnd = value.find(']');
+            const std::string file = value.substr(value.find('\\') + 1, fileEnd - 10);
+            const std::string name = value.substr(fileEnd + 2, value.size() - fileEnd - 3);
+            const TemplateFile* loaded = nullptr;
+            for (const auto& known : state().loadedFiles)
+                if (known->path == SourcePath("config/" + file)) loaded = known.get();
+            if (loaded == nullptr) loaded = LoadTemplateFile(SourcePath("config/" + file));
+            ASSERT_NE(loaded, nullptr) << value;
+            const std::vector<std::string> names = Names(*loaded);
+            EXPECT_NE(std::find(names.begin(), names.end(), name), names.end()) << value;
+        }
+    }
+    EXPECT_EQ(references, 27);
+    EXPECT_FALSE(HasStartupErrors()) << Reports().front();
+}
+
+} // namespace
+} // namespace ruvo
