@@ -1,0 +1,5 @@
+module m;
+always @(*) begin
+	
+end
+endmodule
