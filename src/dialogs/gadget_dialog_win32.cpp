@@ -268,7 +268,10 @@ void OnControl(GadgetDialog& dialog, int id, UINT code, HWND control) {
     default:
         return;
     }
+    // The owner tells a list's double click from a change of its selection.
+    gadget->doubleClicked = code == LBN_DBLCLK && gadget->type == GadgetType::ListBox;
     GadgetNotified(dialog, id, static_cast<int>(value));
+    gadget->doubleClicked = false;
 }
 
 void Forget(HWND window, GadgetDialog& dialog) {
@@ -318,6 +321,12 @@ INT_PTR CALLBACK GadgetDialogProc(HWND window, UINT message, WPARAM wParam, LPAR
     }
 }
 
+// A modal dialog opened from another one belongs to it, so the focus goes back there after.
+HWND ModalOwner(HWND frame) {
+    HWND active = GetActiveWindow();
+    return active != nullptr && GetWindow(active, GW_OWNER) == frame ? active : frame;
+}
+
 } // namespace
 
 bool IsModelessDialogMessage(MSG* message) {
@@ -337,8 +346,9 @@ Host::DialogBaseUnits WinHost::GetDialogBaseUnits() {
 int WinHost::RunDialog(GadgetDialog& dialog, bool modal) {
     const LPARAM parameter = reinterpret_cast<LPARAM>(&dialog);
     if (modal) {
-        const INT_PTR result = DialogBoxParamA(shell.instance, GadgetDialogTemplate, shell.frame,
-                                               GadgetDialogProc, parameter);
+        const INT_PTR result =
+            DialogBoxParamA(shell.instance, GadgetDialogTemplate, ModalOwner(shell.frame),
+                            GadgetDialogProc, parameter);
         return result == -1 ? 0 : static_cast<int>(result);
     }
     HWND window = WindowOf(dialog);
