@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # A second start hands its command line to the running editor and ends: the file opens in
 # the first frame, also when named relative to the second start's directory. "/n" starts a
-# frame of its own; "/p" ends without showing a window.
+# frame of its own; "/p" ends without showing a frame.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/../../lib.sh"
 
@@ -49,11 +49,17 @@ e2e_driver wait-frame "$E2E_TIMEOUT" children active
 e2e_expect "edit windows after a.vhd again" "$(e2e_value children)" "3"
 e2e_expect "a.vhd brought forward" "$(e2e_value active)" 'C:\work\a.vhd'
 
-# Printing from the command line shows no window and ends.
-start_and_wait_end "$E2E_APP_DIR" /p 'C:\work\a.vhd'
-e2e_driver frames children
+# Printing from the command line opens no frame; with no printer (a CUPS server that does not
+# exist) it says so in an error box and ends.
+(cd "$E2E_APP_DIR" && CUPS_SERVER=$E2E_WORK/no-cups.sock exec wine "$E2E_APP_DIR/ruvo.exe" /p \
+    'C:\work\a.vhd') </dev/null >>"${E2E_SCENARIO_LOG:-/dev/null}" 2>&1 &
+printing=$!
+e2e_driver wait-window Error "$E2E_TIMEOUT" dialog-text Error frames children
+e2e_expect "error box of /p" "$(e2e_value dialog-text)" "No printer is installed."
 e2e_expect "frames after /p" "$(e2e_value frames)" "1"
 e2e_expect "edit windows after /p" "$(e2e_value children)" "3"
+e2e_driver answer Error ok
+wait "$printing" || e2e_fail "ruvo.exe /p ended with status $?"
 
 # "/n": a second frame with its own edit window.
 (cd "$E2E_APP_DIR" && exec wine "$E2E_APP_DIR/ruvo.exe" /n 'C:\work\b.vhd') \
