@@ -170,13 +170,20 @@ bool WinHost::PrintPage(const PrintedPage& page) {
         SelectObject(printDc_, previous);
         DeleteObject(pen);
     }
+    // The pieces of one typeface are drawn together: a printer driver may send the whole font
+    // again at every change (Wine's PostScript driver takes about 0.1 s each time).
     HGDIOBJ previousFont = SelectObject(printDc_, printFonts_[0]);
-    for (const PrintedPiece& piece : page.pieces) {
-        SelectObject(printDc_, printFonts_[piece.typeface & 7]);
-        SetTextColor(printDc_, piece.color);
-        TextOutA(printDc_, grid.originX + piece.column * grid.cellWidth,
-                 grid.originY + piece.row * grid.cellHeight, piece.text.c_str(),
-                 static_cast<int>(piece.text.size()));
+    for (int bits = 0; bits < 8; ++bits) {
+        bool selected = false;
+        for (const PrintedPiece& piece : page.pieces) {
+            if ((piece.typeface & 7) != bits) continue;
+            if (!selected) SelectObject(printDc_, printFonts_[bits]);
+            selected = true;
+            SetTextColor(printDc_, piece.color);
+            TextOutA(printDc_, grid.originX + piece.column * grid.cellWidth,
+                     grid.originY + piece.row * grid.cellHeight, piece.text.c_str(),
+                     static_cast<int>(piece.text.size()));
+        }
     }
     SelectObject(printDc_, previousFont);
     return EndPage(printDc_) > 0;
