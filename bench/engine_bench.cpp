@@ -1,5 +1,6 @@
 // Costs of the text engine: typing into small and huge buffers, long undo/redo histories,
-// the memory of one recorded keystroke, and line breaks near the top of a huge buffer.
+// the memory of one recorded keystroke, and line breaks near the top of a huge buffer (with
+// the ratios against a 10-line buffer printed at the end).
 #include <benchmark/benchmark.h>
 
 #include <chrono>
@@ -12,6 +13,7 @@
 #include "engine/text_store.h"
 #include "engine/transaction_log.h"
 #include "fake_host.h"
+#include "ratio_reporter.h"
 
 namespace ruvo {
 namespace {
@@ -177,6 +179,8 @@ void BM_CaretMoveMemory(benchmark::State& state) {
 }
 BENCHMARK(BM_CaretMoveMemory);
 
+constexpr int HugeLineCount = 10000000;
+
 // A line break inserted near the top of a buffer and joined again: two transactions.
 void BM_LineBreakNearTop(benchmark::State& state) {
     BenchBuffer bench(static_cast<int>(state.range(0)));
@@ -188,7 +192,7 @@ void BM_LineBreakNearTop(benchmark::State& state) {
     }
     if (bench.buffer.lines.lineCount != state.range(0)) state.SkipWithError("line count drifted");
 }
-BENCHMARK(BM_LineBreakNearTop)->Arg(10)->Arg(1000000);
+BENCHMARK(BM_LineBreakNearTop)->Arg(10)->Arg(HugeLineCount);
 
 // A whole new line inserted near the top and deleted again.
 void BM_InsertDeleteLineNearTop(benchmark::State& state) {
@@ -202,7 +206,7 @@ void BM_InsertDeleteLineNearTop(benchmark::State& state) {
     }
     if (bench.buffer.lines.lineCount != state.range(0)) state.SkipWithError("line count drifted");
 }
-BENCHMARK(BM_InsertDeleteLineNearTop)->Arg(10)->Arg(1000000);
+BENCHMARK(BM_InsertDeleteLineNearTop)->Arg(10)->Arg(HugeLineCount);
 
 // Deleting the whole text of a huge buffer as one transaction, then undoing it.
 void BM_DeleteAllAndUndo(benchmark::State& state) {
@@ -223,4 +227,14 @@ BENCHMARK(BM_DeleteAllAndUndo)->Arg(1000000)->Iterations(3)->Unit(benchmark::kMi
 } // namespace
 } // namespace ruvo
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+    const std::string huge = "/" + std::to_string(ruvo::HugeLineCount);
+    ruvo::RatioReporter reporter(
+        {{"BM_LineBreakNearTop" + huge, "BM_LineBreakNearTop/10"},
+         {"BM_InsertDeleteLineNearTop" + huge, "BM_InsertDeleteLineNearTop/10"}});
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    benchmark::Shutdown();
+    return 0;
+}
