@@ -1,8 +1,6 @@
 // Backup copies "<name>.bak" made before a file is overwritten.
 #include "docs/backup_files.h"
 
-#include <cstdio>
-
 #include "engine/editor.h"
 #include "host/host.h"
 #include "settings/path_names.h"
@@ -53,21 +51,17 @@ bool makeBackup(std::string_view name) {
                                    "'\nthe backup has the same name as original  file.");
         return false;
     }
-    // The copy opens the source for reading and creates the backup before copying; their
-    // failures have messages of their own.
-    std::FILE* in = std::fopen(source.c_str(), "rb");
-    if (in == nullptr) {
+    // The copy opens the source before it creates the backup, so an older backup is touched
+    // only when the source can be read.
+    const long result = host.LzCopy(source, *target);
+    if (result == LzSourceNotOpened) {
         host.ErrorBox(nullptr, "Error: Unable to read file '" + source + "'.");
         return false;
     }
-    std::fclose(in);
-    std::FILE* out = std::fopen(target->c_str(), "wb");
-    if (out == nullptr) {
+    if (result == LzTargetNotCreated) {
         host.ErrorBox(nullptr, "Error: Unable to write backup file '" + *target + "'.");
         return false;
     }
-    std::fclose(out);
-    const long result = host.LzCopy(source, *target);
     if (result < 0) {
         host.ErrorBox(nullptr, "Error(s) copying file '" + source + "'.\n" +
                                    std::string(lzCopyErrorText(result)));

@@ -30,6 +30,10 @@ constexpr long LzErrorGlobalAlloc = -5;
 constexpr long LzErrorGlobalLock = -6;
 constexpr long LzErrorBadValue = -7;
 constexpr long LzErrorUnknownAlgorithm = -8;
+// LzCopy's own results when a file cannot be opened: the source (nothing else was touched),
+// or the target when it is created (after the source was opened).
+constexpr long LzSourceNotOpened = -1001;
+constexpr long LzTargetNotCreated = -1002;
 
 struct FileDialogRequest {
     bool save = false;             // save dialog, else open dialog
@@ -144,7 +148,9 @@ public:
 
     // --- Files ------------------------------------------------------------------------------
     virtual std::optional<FileDialogResult> FileDialog(const FileDialogRequest& request) = 0;
-    // Copies a file through the LZ expansion library; bytes written or an LzError* code.
+    // Copies a file through the LZ expansion library: opens the source, then creates the
+    // target, then copies. Bytes written, LzSourceNotOpened, LzTargetNotCreated, or an
+    // LzError* code of the copy.
     virtual long LzCopy(std::string_view source, std::string_view target) = 0;
     virtual void SetBusyCursor(bool busy) = 0;
     // The progress window shown while saving large buffers.

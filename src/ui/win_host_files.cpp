@@ -65,12 +65,12 @@ long WinHost::LzCopy(std::string_view source, std::string_view target) {
     OFSTRUCT sourceInfo{};
     OFSTRUCT targetInfo{};
     const INT in = LZOpenFileA(const_cast<char*>(sourceName.c_str()), &sourceInfo, OF_READ);
-    if (in < 0) return LzErrorBadInHandle;
+    if (in < 0) return LzSourceNotOpened;
     const INT out =
         LZOpenFileA(const_cast<char*>(targetName.c_str()), &targetInfo, OF_CREATE | OF_WRITE);
     if (out < 0) {
         LZClose(in);
-        return LzErrorBadOutHandle;
+        return LzTargetNotCreated;
     }
     const LONG copied = LZCopy(in, out);
     LZClose(in);

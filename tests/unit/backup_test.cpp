@@ -76,6 +76,16 @@ TEST_F(BackupTest, RefusedAndFailedBackupsDoNotStopTheSave) {
               "Error: Unable to write backup file '" + folder.File("fresh.bak") + "'.");
 }
 
+TEST_F(BackupTest, ASourceTheCopyCannotOpenLeavesTheOlderBackupWhole) {
+    const std::string path = folder.File("alu.vhd");
+    WriteBytes(path, "new");
+    WriteBytes(folder.File("alu.bak"), "older");
+    host.lzCopyResult = LzSourceNotOpened; // as for a path beyond the LZ library's limit
+    EXPECT_FALSE(makeBackup(path));
+    EXPECT_EQ(host.boxes.back().text, "Error: Unable to read file '" + path + "'.");
+    EXPECT_EQ(ReadBytes(folder.File("alu.bak")), "older");
+}
+
 TEST_F(BackupTest, CopyFailuresAreExplained) {
     const std::string path = folder.File("c.vhd");
     WriteBytes(path, "c");

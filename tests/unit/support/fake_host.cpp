@@ -145,9 +145,9 @@ long FakeHost::LzCopy(std::string_view source, std::string_view target) {
     lzCopies.emplace_back(std::string(source), std::string(target));
     if (lzCopyResult) return *lzCopyResult;
     std::ifstream in(std::string(source), std::ios::binary);
-    if (!in) return LzErrorBadInHandle;
+    if (!in) return LzSourceNotOpened;
     std::ofstream out(std::string(target), std::ios::binary | std::ios::trunc);
-    if (!out) return LzErrorBadOutHandle;
+    if (!out) return LzTargetNotCreated;
     std::ostringstream bytes;
     bytes << in.rdbuf();
     out << bytes.str();
