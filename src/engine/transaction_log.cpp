@@ -238,7 +238,7 @@ void RecordEdit(EditBuffer& buffer, TextPos start, TextPos end, std::string_view
             FreeTransactionsFrom(buffer, current->next);
     }
 
-    if (PosLess(end, start)) SwapPos(start, end);
+    // A range whose start is not before its end replaces nothing: the text goes in at start.
     start = ClampPos(buffer, start.line, start.column);
     end = ClampPos(buffer, end.line, end.column);
     const std::string oldText = RangeText(buffer, start, end);

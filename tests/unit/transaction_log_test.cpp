@@ -120,6 +120,15 @@ TEST_F(TransactionLogTest, AnEditThatMakesALineTooLongIsDroppedAlone) {
     EXPECT_EQ(buffer.LoggedTransactions(), 1);
 }
 
+TEST_F(TransactionLogTest, ABackwardsRangeInsertsAtItsStartAndDeletesNothing) {
+    TestBuffer buffer("abcdef\nghi");
+    Replace(buffer, MakePos(1, 2), MakePos(0, 1), "X");
+    EXPECT_EQ(buffer.Text(), "abcdef\nghXi");
+    EXPECT_STREQ(OldText(buffer->undoTail), "");
+    EXPECT_EQ(UndoTransaction(), 0);
+    EXPECT_EQ(buffer.Text(), "abcdef\nghi");
+}
+
 TEST_F(TransactionLogTest, ReadOnlyBuffersIgnoreTextChangesButNotCaretMoves) {
     TestBuffer buffer("fixed\ntext");
     buffer->lines.readOnly = 1;
