@@ -3,11 +3,26 @@
 // rows apart.
 #include "commands/pending_commands.h"
 
+#include "docs/documents.h"
 #include "engine/editor.h"
 #include "host/host.h"
 #include "settings/program_version.h"
 
 namespace ruvo {
+
+namespace {
+
+// The Window commands act only when there is an edit window to arrange.
+void Arrange(Host::WindowArrangement arrangement) {
+    bool anyWindow = false;
+    (void)forEachBuffer([&](EditBuffer&) {
+        anyWindow = true;
+        return 0;
+    });
+    if (anyWindow) TheEditor().host.ArrangeEditWindows(arrangement);
+}
+
+} // namespace
 
 int VsystemOptions() {
     return 0;
@@ -83,23 +98,23 @@ int DisplayHelpfile5() {
     return 0;
 }
 int WindowCascade() {
-    TheEditor().host.ArrangeEditWindows(Host::WindowArrangement::Cascade);
+    Arrange(Host::WindowArrangement::Cascade);
     return 0;
 }
 int WindowTileVertical() {
-    TheEditor().host.ArrangeEditWindows(Host::WindowArrangement::TileVertical);
+    Arrange(Host::WindowArrangement::TileVertical);
     return 0;
 }
 int WindowTileHorizontal() {
-    TheEditor().host.ArrangeEditWindows(Host::WindowArrangement::TileHorizontal);
+    Arrange(Host::WindowArrangement::TileHorizontal);
     return 0;
 }
 int WindowNext() {
-    TheEditor().host.ArrangeEditWindows(Host::WindowArrangement::Next);
+    Arrange(Host::WindowArrangement::Next);
     return 0;
 }
 int WindowPrevious() {
-    TheEditor().host.ArrangeEditWindows(Host::WindowArrangement::Previous);
+    Arrange(Host::WindowArrangement::Previous);
     return 0;
 }
 // Edit windows close through their own system menu or the frame's close, which ask to save.

@@ -51,11 +51,12 @@ int LoadFile() {
 
 int InsertFile() {
     Host& host = TheEditor().host;
+    // Without a window that can take the text there is nothing to ask for.
+    EditBuffer* buffer = ActiveBuffer();
+    if (buffer == nullptr || buffer->lines.readOnly) return 0;
     buildFileDialogFilter();
     std::optional<FileDialogChoice> choice = fileDialog(false, "Insert", "");
     if (!choice) return 0;
-    EditBuffer* buffer = ActiveBuffer();
-    if (buffer == nullptr) return 0;
     std::FILE* file = std::fopen(choice->fileName.c_str(), "rb");
     if (file == nullptr) return 0;
     host.SetBusyCursor(true);

@@ -2,14 +2,16 @@
 #include <gtest/gtest.h>
 
 #include "commands/command_table.h"
+#include "docs/documents.h"
 #include "editor_fixture.h"
+#include "engine/edit_buffer.h"
 #include "settings/program_version.h"
 
 namespace ruvo {
 namespace {
 
 class WindowCommandsTest : public EditorTest {
-protected:
+  protected:
     void Run(const char* name) {
         int row = -1;
         ASSERT_NE(CommandByName(name, nullptr, false, &row), nullptr) << name;
@@ -29,6 +31,7 @@ TEST_F(WindowCommandsTest, AboutShowsTitleVersionAndBuildDate) {
 
 TEST_F(WindowCommandsTest, WindowMenuArrangesAndCyclesTheEditWindows) {
     using Arrangement = Host::WindowArrangement;
+    Run("NewFile");
     for (const char* name : {"WindowCascade", "WindowTileVertical", "WindowTileHorizontal",
                              "WindowNext", "WindowPrevious", "WindowClose"}) {
         Run(name);
@@ -38,6 +41,19 @@ TEST_F(WindowCommandsTest, WindowMenuArrangesAndCyclesTheEditWindows) {
                                         Arrangement::TileHorizontal, Arrangement::Next,
                                         Arrangement::Previous}))
         << "WindowClose leaves closing to the window's own menu and the frame";
+    EXPECT_TRUE(host.boxes.empty());
+}
+
+TEST_F(WindowCommandsTest, WithoutAWindowThatCanActNothingIsAskedOrArranged) {
+    for (const char* name : {"WindowCascade", "WindowTileVertical", "WindowTileHorizontal",
+                             "WindowNext", "WindowPrevious", "InsertFile"})
+        Run(name);
+    EXPECT_TRUE(host.arrangements.empty());
+    EXPECT_TRUE(host.fileDialogs.empty());
+    // A read-only window cannot take an inserted file either.
+    ASSERT_EQ(openFile("Untitled9", 1, 1, KindDocument), 0);
+    Run("InsertFile");
+    EXPECT_TRUE(host.fileDialogs.empty());
     EXPECT_TRUE(host.boxes.empty());
 }
 
