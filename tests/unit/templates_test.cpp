@@ -169,18 +169,30 @@ TEST_F(TemplatesTest, ProfileKeepsLoadedAndMissingFilesAndDropsRemovedOnes) {
     LoadTemplatesFromProfile();
     ASSERT_EQ(state().loadedFiles.size(), 2u);
 
+    // A loaded file with a fault shows the start-up report at once.
+    TempFile faulty("[x]\n");
+    host.fileDialogAnswers.push_back(FileDialogResult{faulty.path(), "", false});
     host.dialogActions.push_back([](GadgetDialog& dialog) {
         GadgetNotified(dialog, dialog.gadgets[0]->controlId, 0);
         GadgetNotified(dialog, GadgetWithText(dialog, "&Remove")->controlId, 0);
         EXPECT_EQ(dialog.gadgets[0]->items.size(), 1u);
         EXPECT_TRUE(dialog.gadgets[1]->items.empty());
+        GadgetNotified(dialog, GadgetWithText(dialog, "&Load")->controlId, 0);
+        EXPECT_EQ(dialog.gadgets[0]->items.size(), 2u);
     });
     EditTemplates();
+    ASSERT_EQ(host.fileDialogs.size(), 1u);
+    EXPECT_EQ(host.fileDialogs[0].title, "Load Template");
+    EXPECT_EQ(host.fileDialogs[0].filter, "Template files(*.tpl)|*.tpl|All files(*.*)|*.*|");
+    ASSERT_EQ(host.createdWindows.size(), 1u);
+    EXPECT_STREQ(host.createdWindows[0]->fileName, "startup.err");
+
     SaveTemplatesToProfile();
     EXPECT_EQ(host.ProfileValue("Templates", "1"), b.path());
-    EXPECT_EQ(host.ProfileValue("Templates", "2"), "/missing.tpl");
-    EXPECT_EQ(host.ProfileValue("Templates", "3"), "");
+    EXPECT_EQ(host.ProfileValue("Templates", "2"), faulty.path());
+    EXPECT_EQ(host.ProfileValue("Templates", "3"), "/missing.tpl");
     EXPECT_EQ(host.ProfileValue("Templates", "4"), "");
+    EXPECT_EQ(host.ProfileValue("Templates", "5"), "");
 }
 
 TEST_F(TemplatesTest, ShippedExpandersNameShippedTemplates) {
