@@ -19,8 +19,10 @@
 #include "engine/editor.h"
 #include "engine/transaction_log.h"
 #include "host/host.h"
+#include "lang/language_dialog.h"
 #include "print/print_commands.h"
 #include "settings/error_report.h"
+#include "settings/options_dialog.h"
 
 namespace ruvo {
 

@@ -48,12 +48,6 @@ int NextError() {
 int PrevError() {
     return 0;
 }
-int EditorOptions() {
-    return 0;
-}
-int LanguageOptions() {
-    return 0;
-}
 int LeonardoOptions() {
     return 0;
 }

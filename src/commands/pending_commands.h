@@ -12,8 +12,6 @@ int SynplifyVhdl();
 int SynplifyVerilog();
 int NextError();
 int PrevError();
-int EditorOptions();
-int LanguageOptions();
 int LeonardoOptions();
 int About();
 int ToolOptions();

@@ -237,6 +237,18 @@ public:
     // Frees the printer settings kept since the last dialog or job.
     virtual void ReleasePrinterSettings() {}
 
+    // --- Editor options --------------------------------------------------------------------
+    // Full names of the screen's fixed-pitch font families, in the order the platform lists
+    // them.
+    virtual std::vector<std::string> FixedPitchFontNames() { return {}; }
+    // The frame lays out its children again (the button bar moved).
+    virtual void RequestFrameLayout() {}
+    // A new editor font from Font and FontSize, selected into every edit window, which is
+    // re-measured and repainted; the active buffer's caret is placed again.
+    virtual void RecreateEditorFont() {}
+    // Every edit window re-measured (margin, font cell) and repainted.
+    virtual void RefreshEditWindows() {}
+
     // --- About box --------------------------------------------------------------------------
     // A small modal box owned by the frame showing the lines centred, with an OK button.
     virtual void AboutBox(const std::vector<std::string>& /*lines*/) {}

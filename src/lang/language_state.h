@@ -1,6 +1,8 @@
-// State of the language subsystem: the language table and the copy kept while it is edited.
+// State of the language subsystem: the language table, the copy kept while it is edited and
+// the dialog that edits it.
 #pragma once
 
+#include "lang/language_dialog_state.h"
 #include "lang/language_table.h"
 
 namespace ruvo {
@@ -13,6 +15,7 @@ struct LanguageState {
 
     LanguageDef table[LanguageCount];
     LanguageDef backup[LanguageCount]; // taken when the language dialog opens
+    LanguageDialogState dialog;
 };
 
 } // namespace ruvo

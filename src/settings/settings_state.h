@@ -1,9 +1,11 @@
-// State of the settings subsystem: profile name, [Options], start-up error log, allocator totals.
+// State of the settings subsystem: profile name, [Options], start-up error log, allocator totals
+// and the options dialog.
 #pragma once
 
 #include <string>
 
 #include "settings/options.h"
+#include "settings/options_dialog_state.h"
 
 namespace ruvo {
 
@@ -28,6 +30,7 @@ struct SettingsState {
     StartupErrorLog startupErrors;
     AllocatorStats allocator;
     std::string currentErrorText; // e.g. "Empty name!" from the path routines
+    OptionsDialogState optionsDialog;
     ~SettingsState();
 };
 

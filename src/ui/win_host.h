@@ -91,6 +91,12 @@ class WinHost : public Host {
     void EndPrintJob(bool completed) override;
     void ReleasePrinterSettings() override;
 
+    // Editor options (win_host_options.cpp).
+    std::vector<std::string> FixedPitchFontNames() override;
+    void RequestFrameLayout() override;
+    void RecreateEditorFont() override;
+    void RefreshEditWindows() override;
+
   private:
     int busyDepth_ = 0;
     HCURSOR cursorBeforeBusy_ = nullptr;

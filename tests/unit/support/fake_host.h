@@ -145,6 +145,16 @@ class FakeHost : public Host {
     void EndPrintJob(bool completed) override { endedJobs.push_back(completed); }
     void ReleasePrinterSettings() override { ++printerReleases; }
 
+    // --- Editor options ---
+    std::vector<std::string> fixedPitchFonts{"Courier New", "Lucida Console", "Fixedsys"};
+    int frameLayouts = 0;
+    int fontRecreations = 0;
+    int editWindowRefreshes = 0;
+    std::vector<std::string> FixedPitchFontNames() override { return fixedPitchFonts; }
+    void RequestFrameLayout() override { ++frameLayouts; }
+    void RecreateEditorFont() override { ++fontRecreations; }
+    void RefreshEditWindows() override { ++editWindowRefreshes; }
+
     // --- Dialogs: the user's part ---
     // What the user does in each dialog shown from now on, in order: fill gadgets (TypeText,
     // setGadgetValue) and press a button (DialogOkCommand, DialogCancelCommand, GadgetNotified).
