@@ -130,6 +130,20 @@ HWND MakeControl(HWND dialog, const Gadget& gadget, DWORD style, const char* tex
     return control;
 }
 
+// The pages' controls paint the dialog's face colour; a themed tab body of another colour
+// would show each of them as a box. The tab control keeps the classic look where themes
+// exist (uxtheme may be absent).
+void UseClassicLook(HWND control) {
+    using SetThemeFunction = HRESULT(WINAPI*)(HWND, LPCWSTR, LPCWSTR);
+    static const auto setTheme = [] {
+        HMODULE library = LoadLibraryA("uxtheme.dll");
+        return library == nullptr ? nullptr
+                                  : reinterpret_cast<SetThemeFunction>(reinterpret_cast<void*>(
+                                        GetProcAddress(library, "SetWindowTheme")));
+    }();
+    if (setTheme != nullptr) setTheme(control, L" ", L" "); // no theme has these names
+}
+
 void RegisterTabControl() {
     static bool registered = false;
     if (registered) return;
@@ -161,6 +175,7 @@ void CreateControl(HWND dialog, Gadget& gadget) {
     case GadgetType::TabControl:
         RegisterTabControl();
         gadget.window = MakeControl(dialog, gadget, style, "TabManager", rect);
+        if (gadget.window != nullptr) UseClassicLook(WindowOf(gadget));
         break;
     case GadgetType::Bitmap:
         gadget.window = MakeControl(dialog, gadget, style, "", rect);

@@ -2,6 +2,7 @@
 // the editor font and the refresh of every edit window.
 #include <windows.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -13,13 +14,15 @@ namespace ruvo {
 
 namespace {
 
-int CALLBACK CollectFixedPitch(const LOGFONTA* font, const TEXTMETRICA*, DWORD, LPARAM names) {
+// Each family once: some platforms list a family once per character set.
+int CALLBACK CollectFixedPitch(const LOGFONTA* font, const TEXTMETRICA*, DWORD, LPARAM list) {
     if ((font->lfPitchAndFamily & 3) != FIXED_PITCH) return 1;
     // Families are enumerated with their ENUMLOGFONTA, which carries the full name.
     const auto* described = reinterpret_cast<const ENUMLOGFONTA*>(font);
     const char* full = reinterpret_cast<const char*>(described->elfFullName);
-    reinterpret_cast<std::vector<std::string>*>(names)->push_back(
-        full[0] != '\0' ? full : font->lfFaceName);
+    const std::string name = full[0] != '\0' ? full : font->lfFaceName;
+    auto& names = *reinterpret_cast<std::vector<std::string>*>(list);
+    if (std::find(names.begin(), names.end(), name) == names.end()) names.push_back(name);
     return 1;
 }
 

@@ -11,6 +11,8 @@
 //   wait-no-window TITLE SECONDS  wait until no visible top-level window has this title
 //   dialog-text TITLE         the static texts of the visible window TITLE (a message box):
 //                             "dialog-text <text>" with line feeds written as "\n"
+//   client-screen-rect TITLE  the client area of the visible window TITLE on the screen
+//   dialog-units              the dialog base units: "dialog-units HORIZONTAL VERTICAL"
 //   dialog-controls TITLE     the controls of the visible window TITLE in tab order, one line
 //                             each: "control <class> <on|off|-> <text>" (on/off: a check box
 //                             or radio button's state; an edit's text), after "dialog-controls N"
@@ -313,6 +315,19 @@ size_t Run(const std::vector<std::string>& args, size_t at) {
     if (name == "dialog-text") {
         EnumChildWindows(FindTitled(argument(1)), PrintStaticText, 0);
         return at + 2;
+    }
+    if (name == "client-screen-rect") {
+        HWND window = FindTitled(argument(1));
+        RECT r;
+        GetClientRect(window, &r);
+        MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&r), 2);
+        PrintRect("client-screen-rect", r);
+        return at + 2;
+    }
+    if (name == "dialog-units") {
+        const LONG units = GetDialogBaseUnits();
+        std::printf("dialog-units %d %d\n", LOWORD(units), HIWORD(units));
+        return at + 1;
     }
     if (name == "dialog-controls") {
         PrintDialogControls(FindTitled(argument(1)));
