@@ -417,11 +417,11 @@ void destroyDialog(std::unique_ptr<GadgetDialog>& dialog) {
 
 // --- Layout ---------------------------------------------------------------------------------
 
-PixelRect RadioButtonRect(const Gadget& gadget, int index) {
+GadgetRect RadioButtonRect(const Gadget& gadget, int index) {
     const int columns = std::max(gadget.columns, 1);
     const int count = static_cast<int>(gadget.items.size());
     const int rows = 2 * ((count + 1) / 2);
-    PixelRect rect;
+    GadgetRect rect;
     rect.width = gadget.width / columns;
     rect.height = rows > 0 ? gadget.height * columns / rows : gadget.height;
     rect.x = gadget.x + (index % columns) * rect.width;

@@ -172,14 +172,14 @@ void closeDialog(GadgetDialog& dialog);
 void destroyDialog(std::unique_ptr<GadgetDialog>& dialog);
 
 // --- Layout --------------------------------------------------------------------------------
-struct PixelRect {
+struct GadgetRect {
     int x = 0, y = 0, width = 0, height = 0;
 };
 // Dialog units to pixels, rounding toward zero.
 int DialogUnitsToPixelsX(const GadgetDialog& dialog, int units);
 int DialogUnitsToPixelsY(const GadgetDialog& dialog, int units);
 // Place of item `index` of a radio group, in pixels relative to the dialog.
-PixelRect RadioButtonRect(const Gadget& gadget, int index);
+GadgetRect RadioButtonRect(const Gadget& gadget, int index);
 // Right and bottom edge of all gadgets, in pixels.
 void ComputeDialogExtent(GadgetDialog& dialog);
 bool GadgetShownOnPage(const Gadget& gadget, int page);

@@ -118,7 +118,7 @@ std::vector<HWND> ControlsOf(const Gadget& gadget) {
 }
 
 HWND MakeControl(HWND dialog, const Gadget& gadget, DWORD style, const char* text,
-                 const PixelRect& rect) {
+                 const GadgetRect& rect) {
     const ControlClass kind = ClassOf(gadget.type);
     HWND control = CreateWindowExA(0, kind.name, text, WS_CHILD | WS_VISIBLE | style, rect.x,
                                    rect.y, rect.width, rect.height, dialog,
@@ -154,7 +154,7 @@ void RegisterTabControl() {
 // Every gadget starts a group of its own, so arrow keys move only among one radio group.
 void CreateControl(HWND dialog, Gadget& gadget) {
     const DWORD style = ClassOf(gadget.type).style | WS_GROUP;
-    const PixelRect rect{gadget.x, gadget.y, gadget.width, gadget.height};
+    const GadgetRect rect{gadget.x, gadget.y, gadget.width, gadget.height};
     switch (gadget.type) {
     case GadgetType::RadioGroup:
         for (size_t i = 0; i < gadget.items.size(); ++i) {
@@ -167,7 +167,7 @@ void CreateControl(HWND dialog, Gadget& gadget) {
         }
         break;
     case GadgetType::DropDownList: {
-        PixelRect dropped = rect;
+        GadgetRect dropped = rect;
         dropped.height = rect.height * DropDownListRows;
         gadget.window = MakeControl(dialog, gadget, style, "", dropped);
         break;

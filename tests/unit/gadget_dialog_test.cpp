@@ -22,7 +22,7 @@ TEST_F(GadgetDialogTest, DialogUnitsAndRadioGridConvertByTheFormulas) {
 
     struct Case {
         int items, columns, index;
-        PixelRect expected; // relative to a 120 x 80 pixel group at 0, 0
+        GadgetRect expected; // relative to a 120 x 80 pixel group at 0, 0
     };
     const Case cases[] = {
         {3, 1, 0, {0, 0, 120, 20}}, // three in one column: a quarter of the height each
@@ -36,7 +36,7 @@ TEST_F(GadgetDialogTest, DialogUnitsAndRadioGridConvertByTheFormulas) {
         radio.height = 80;
         radio.columns = c.columns;
         radio.items.assign(c.items, "x");
-        const PixelRect r = RadioButtonRect(radio, c.index);
+        const GadgetRect r = RadioButtonRect(radio, c.index);
         EXPECT_EQ(r.x, c.expected.x) << c.items << "/" << c.columns << "/" << c.index;
         EXPECT_EQ(r.y, c.expected.y) << c.items << "/" << c.columns << "/" << c.index;
         EXPECT_EQ(r.width, c.expected.width);
