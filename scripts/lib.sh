@@ -8,7 +8,7 @@ RUVO_BUILD=${RUVO_BUILD:-$RUVO_ROOT/build}
 
 # Everything the builds and tests use, as Debian packages.
 RUVO_PACKAGES=(
-    cmake make g++ git python3
+    cmake make g++ git python3 clang libclang-rt-14-dev
     googletest libgtest-dev libgmock-dev libbenchmark-dev
     g++-mingw-w64-x86-64 binutils-mingw-w64-x86-64
     wine wine64
@@ -73,4 +73,12 @@ ruvo_build_bench() {
     cmake -S "$RUVO_ROOT" -B "$RUVO_BUILD/bench" -DCMAKE_BUILD_TYPE=Release \
         -DRUVO_SANITIZE=OFF -DRUVO_BENCHMARKS=ON >/dev/null &&
         cmake --build "$RUVO_BUILD/bench" -j "$RUVO_JOBS"
+}
+
+# The libFuzzer targets, built with clang under ASan and UBSan.
+ruvo_build_fuzz() {
+    ruvo_log "fuzz targets in $RUVO_BUILD/fuzz"
+    CC=clang CXX=clang++ cmake -S "$RUVO_ROOT" -B "$RUVO_BUILD/fuzz" -G "Unix Makefiles" \
+        -DCMAKE_BUILD_TYPE=Debug -DRUVO_FUZZ=ON -DRUVO_BENCHMARKS=OFF >/dev/null &&
+        cmake --build "$RUVO_BUILD/fuzz" -j "$RUVO_JOBS"
 }

@@ -1,0 +1,127 @@
+// What every fuzz target shares: a fresh editor on a FakeHost per input, inputs split into
+// parts, and scratch files for readers that open a path.
+#pragma once
+
+#include <unistd.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "engine/edit_buffer.h"
+#include "engine/editor.h"
+#include "engine/line_list.h"
+#include "engine/transaction_log.h"
+#include "fake_host.h"
+
+namespace ruvo {
+
+// Installed for one input and released with it, so no state passes from one input to the next.
+struct FuzzSession {
+    FakeHost host;
+    Editor editor{host};
+    FuzzSession() { InstallEditor(&editor); }
+    ~FuzzSession() { InstallEditor(nullptr); }
+    FuzzSession(const FuzzSession&) = delete;
+    FuzzSession& operator=(const FuzzSession&) = delete;
+};
+
+inline std::string_view AsText(const uint8_t* data, size_t size) {
+    return {reinterpret_cast<const char*>(data), size};
+}
+
+// The text before its first NUL, as a C string holds it.
+inline std::string_view CText(std::string_view text) {
+    return text.substr(0, text.find('\0'));
+}
+
+// The parts of an input separated by lines "%%"; seeds join a definition file and its input so.
+inline std::vector<std::string_view> SplitParts(std::string_view text) {
+    std::vector<std::string_view> parts;
+    for (;;) {
+        const size_t mark = text.find("\n%%\n");
+        if (mark == std::string_view::npos) break;
+        parts.push_back(text.substr(0, mark + 1));
+        text.remove_prefix(mark + 4);
+    }
+    parts.push_back(text);
+    return parts;
+}
+
+// Lines of a text split at line feeds (a CR before one kept, as tool output may have it).
+inline std::vector<std::string_view> SplitLines(std::string_view text) {
+    std::vector<std::string_view> lines;
+    size_t from = 0;
+    while (from <= text.size()) {
+        const size_t lf = text.find('\n', from);
+        if (lf == std::string_view::npos) {
+            if (from < text.size()) lines.push_back(text.substr(from));
+            break;
+        }
+        lines.push_back(text.substr(from, lf - from));
+        from = lf + 1;
+    }
+    return lines;
+}
+
+// Each fuzzer runs in an empty folder of its own, so a path in an input names nothing real.
+inline void EnterScratchFolder() {
+    static char folder[] = "/tmp/ruvo-fuzz-XXXXXX";
+    if (mkdtemp(folder) == nullptr || chdir(folder) != 0) std::abort();
+    std::atexit([] { std::filesystem::remove_all(folder); });
+}
+
+// Writes the bytes to a file of the scratch folder and returns its name.
+inline std::string WriteScratchFile(const char* name, std::string_view bytes) {
+    std::FILE* file = std::fopen(name, "wb");
+    if (file == nullptr) std::abort();
+    if (!bytes.empty() && std::fwrite(bytes.data(), 1, bytes.size(), file) != bytes.size())
+        std::abort();
+    std::fclose(file);
+    return name;
+}
+
+// A current buffer holding the given lines (cut to the line length the store allows).
+class FuzzBuffer {
+  public:
+    explicit FuzzBuffer(const std::vector<std::string_view>& lines) {
+        buffer_.lines.growBy = 64;
+        for (std::string_view line : lines)
+            if (AppendLine(&buffer_.lines, CText(line).substr(0, MaxLineLength)) != 0) std::abort();
+        if (buffer_.lines.lineCount == 0 && AppendLine(&buffer_.lines, "") != 0) std::abort();
+        if (InitTransactionLog(buffer_) != 1) std::abort();
+        TheEditor().engine.currentBuffer = &buffer_;
+    }
+    ~FuzzBuffer() {
+        ClearTransactionLog(buffer_);
+        ClearLineList(&buffer_.lines);
+        TheEditor().engine.currentBuffer = nullptr;
+    }
+    FuzzBuffer(const FuzzBuffer&) = delete;
+    FuzzBuffer& operator=(const FuzzBuffer&) = delete;
+
+    EditBuffer& operator*() { return buffer_; }
+    EditBuffer* operator->() { return &buffer_; }
+
+    std::vector<std::string> Lines() const {
+        std::vector<std::string> lines;
+        for (int32_t i = 0; i < buffer_.lines.lineCount; ++i)
+            lines.emplace_back(buffer_.lines.lineText[i]);
+        return lines;
+    }
+    // Aborts unless every line fits the store and holds no line end.
+    void CheckLines() const {
+        if (buffer_.lines.lineCount < 1) std::abort();
+        for (const std::string& line : Lines())
+            if (line.size() > MaxLineLength || line.find('\n') != std::string::npos) std::abort();
+    }
+
+  private:
+    EditBuffer buffer_;
+};
+
+} // namespace ruvo
