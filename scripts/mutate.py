@@ -10,7 +10,7 @@ so that with RUVO_MUTANT unset every line behaves as written.
 """
 import argparse
 import os
-import random
+import hashlib
 import re
 import shutil
 import subprocess
@@ -265,7 +265,8 @@ def run_test(binary, env, timeout):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("--count", type=int, default=260, help="mutants drawn (those that do not compile are dropped)")
+    parser.add_argument("--rate", type=float, default=0.075,
+                        help="share of the mutable lines drawn (mutants that do not compile are dropped)")
     parser.add_argument("--only", action="append", default=[],
                         help="judge only the drawn mutants under this path prefix, e.g. src/aids")
     parser.add_argument("--seed", type=int, default=20261122, help="seed of the sample")
@@ -286,8 +287,15 @@ def main():
         lines = path.read_text().split("\n")
         for index, description, spec in candidates(path, lines):
             pool.append((str(path), index, description, spec))
-    rng = random.Random(args.seed)
-    rng.shuffle(pool)
+    # Ordered by a seeded hash of the file, the line's text and the mutation, so that the draw
+    # in one file stays the same when other files change.
+    def draw_key(entry):
+        path, index, description, _ = entry
+        text = "%d|%s|%s|%s" % (args.seed, os.path.relpath(path, tree),
+                                originals_text[path][index].strip(), description)
+        return hashlib.sha1(text.encode()).hexdigest()
+    originals_text = {str(p): p.read_text().split("\n") for p in core_files(tree)}
+    pool.sort(key=draw_key)
     chosen, used = [], set()
     for entry in pool:
         key = (entry[0], entry[1])
@@ -297,7 +305,8 @@ def main():
         chosen.append(entry)
     mutants = {}
     originals = {}
-    for mutant_id, (path, index, description, spec) in enumerate(chosen[:args.count], start=1):
+    drawn = [entry for entry in chosen if int(draw_key(entry), 16) < args.rate * 16 ** 40]
+    for mutant_id, (path, index, description, spec) in enumerate(drawn, start=1):
         if args.only and not any(os.path.relpath(path, tree).startswith(p) for p in args.only):
             continue
         mutants[mutant_id] = {"path": path, "line": index, "kind": description, "spec": spec}
