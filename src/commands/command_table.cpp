@@ -9,6 +9,8 @@
 #include "aids/search_commands.h"
 #include "aids/templates_dialog.h"
 #include "aids/word_expansion.h"
+#include "commands/button_bar.h"
+#include "commands/help_files.h"
 #include "commands/pending_commands.h"
 #include "docs/file_commands.h"
 #include "engine/bookmarks.h"
@@ -190,7 +192,10 @@ int InvokeCommand(int index) {
 void SetCommandsEnabled(uint32_t mask, bool enabled) {
     Host& host = TheEditor().host;
     for (int row = 0; row < CommandRowCount; ++row)
-        if ((CommandTable[row].flags & mask) != 0) host.EnableCommand(row, enabled);
+        if ((CommandTable[row].flags & mask) != 0) {
+            host.EnableCommand(row, enabled);
+            SetButtonEnabled(row, enabled);
+        }
 }
 
 void UpdateCommandStates() {

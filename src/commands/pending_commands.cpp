@@ -76,21 +76,6 @@ int RunTool5() {
 int RunTool6() {
     return 0;
 }
-int DisplayHelpfile1() {
-    return 0;
-}
-int DisplayHelpfile2() {
-    return 0;
-}
-int DisplayHelpfile3() {
-    return 0;
-}
-int DisplayHelpfile4() {
-    return 0;
-}
-int DisplayHelpfile5() {
-    return 0;
-}
 int WindowCascade() {
     Arrange(Host::WindowArrangement::Cascade);
     return 0;

@@ -5,6 +5,7 @@
 #include "aids/aids_state.h"
 #include "aids/hdl_aids_state.h"
 #include "commands/command_state.h"
+#include "commands/customisation_state.h"
 #include "docs/document_state.h"
 #include "engine/engine_state.h"
 #include "lang/language_state.h"
@@ -24,6 +25,7 @@ struct Editor {
     SettingsState settings;
     EngineState engine;
     CommandState commands;
+    CustomisationState customisation;
     LanguageState languages;
     DocumentState documents;
     AidsState aids;

@@ -249,6 +249,25 @@ public:
     // Every edit window re-measured (margin, font cell) and repainted.
     virtual void RefreshEditWindows() {}
 
+    // --- Keyboard layout ----------------------------------------------------------------------
+    // VkKeyScanA: the key's code in the low byte and the shift state in the high byte (1 Shift,
+    // 2 Ctrl, 4 Alt); -1 when no key types the character.
+    virtual int KeyScan(char) { return -1; }
+    // MapVirtualKeyA with map type 2: the character the key's code types, 0 when none.
+    virtual unsigned KeyCharacter(unsigned /*virtualKey*/) { return 0; }
+
+    // --- Menu bar and help ------------------------------------------------------------------
+    // WinHelpA with HELP_FORCEFILE, owned by the frame.
+    virtual void ShowHelpFile(std::string_view /*fileName*/) {}
+
+    // --- Button bar -------------------------------------------------------------------------
+    // The named 20 x 20 picture of the program's resources and its embossed grey copy, as one
+    // handle; 0 when there is no such picture.
+    virtual uintptr_t LoadButtonPictures(std::string_view /*name*/) { return 0; }
+    virtual void FreeButtonPictures(uintptr_t /*pictures*/) {}
+    // Draws button `index` of the bar again at once, when the bar exists.
+    virtual void RedrawButton(int /*index*/) {}
+
     // --- About box --------------------------------------------------------------------------
     // A small modal box owned by the frame showing the lines centred, with an OK button.
     virtual void AboutBox(const std::vector<std::string>& /*lines*/) {}

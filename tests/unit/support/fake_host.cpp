@@ -286,4 +286,50 @@ bool FakeHost::PrintPage(const PrintedPage& page) {
     return true;
 }
 
+namespace {
+
+// US layout: the characters of the symbol keys, unshifted and shifted, with their codes.
+struct SymbolKey {
+    char plain, shifted;
+    int code;
+};
+constexpr SymbolKey SymbolKeys[] = {
+    {';', ':', 0xBA}, {'=', '+', 0xBB}, {',', '<', 0xBC}, {'-', '_', 0xBD}, {'.', '>', 0xBE},
+    {'/', '?', 0xBF}, {'`', '~', 0xC0}, {'[', '{', 0xDB}, {'\\', '|', 0xDC}, {']', '}', 0xDD},
+    {'\'', '"', 0xDE}};
+constexpr const char* ShiftedDigits = ")!@#$%^&*(";
+constexpr int ShiftState = 0x100;
+
+} // namespace
+
+int FakeHost::KeyScan(char c) {
+    if (c >= 'a' && c <= 'z') return c - 'a' + 'A';
+    if (c >= 'A' && c <= 'Z') return ShiftState | c;
+    if ((c >= '0' && c <= '9') || c == ' ' || c == '\t' || c == '\b' || c == 0x1B) return c;
+    for (int digit = 0; digit < 10; ++digit)
+        if (ShiftedDigits[digit] == c) return ShiftState | ('0' + digit);
+    for (const SymbolKey& key : SymbolKeys) {
+        if (key.plain == c) return key.code;
+        if (key.shifted == c) return ShiftState | key.code;
+    }
+    return -1;
+}
+
+unsigned FakeHost::KeyCharacter(unsigned code) {
+    if ((code >= 'A' && code <= 'Z') || (code >= '0' && code <= '9') || code == ' ') return code;
+    if (code >= 0x60 && code <= 0x69) return '0' + (code - 0x60);
+    for (const SymbolKey& key : SymbolKeys)
+        if (static_cast<unsigned>(key.code) == code) return static_cast<unsigned char>(key.plain);
+    return 0;
+}
+
+uintptr_t FakeHost::LoadButtonPictures(std::string_view name) {
+    for (const std::string& known : pictureNames) {
+        if (Lower(known) != Lower(name)) continue;
+        loadedPictures.emplace_back(name);
+        return loadedPictures.size(); // a distinct handle per load
+    }
+    return 0;
+}
+
 } // namespace ruvo

@@ -60,6 +60,10 @@ class FakeHost : public Host {
     };
     std::vector<FoundText> foundTexts;                // every DrawFoundText
     std::vector<std::vector<std::string>> aboutBoxes; // the lines of every about box shown
+    std::vector<std::string> helpFilesShown;          // every ShowHelpFile
+    std::vector<std::string> loadedPictures;          // every picture loaded, by name
+    std::vector<uintptr_t> freedPictures;
+    std::vector<int> redrawnButtons;
 
     // --- What the tests script ---
     std::deque<int> answers; // next question answers; empty: AnswerYes
@@ -69,6 +73,13 @@ class FakeHost : public Host {
     std::string programPath = "C:\\ruvo\\ruvo.exe";
     std::string currentDirectory = "C:\\work";
     std::map<std::string, std::string> environment;
+    // The button pictures of the program's resources (names in any case).
+    std::vector<std::string> pictureNames = {
+        "BUFLIST", "CASCADE", "COMMENT", "COPY", "CUT", "EXEMPLAR", "FILENEW", "FILEOPEN",
+        "FILESAVE", "GLASS", "GOTOLINE", "INDENT", "INFO", "NEXTERROR", "OUTPUT", "PASTE",
+        "PREVERROR", "PRINT", "QUESTION", "REDO", "REPLACE", "SAVEALL", "SAVEAS", "SEARCH",
+        "SEARCHNEXT", "SILOS", "THUNDER", "TILEHORIZONTAL", "TILEVERTICAL", "TOOLS", "TRAP",
+        "UNCOMMENT", "UNDO", "UNINDENT", "VSYSTEM"};
 
     // In-memory profile: file -> section -> key -> value (sections and keys compared
     // without regard to case, as the platform does).
@@ -122,6 +133,13 @@ class FakeHost : public Host {
     void MoveCaret(EditBuffer&) override { ++caretMoves; }
     void RecreateCaret(EditBuffer&) override { ++caretRecreations; }
     void NudgePointer(bool down) override { pointerNudges.push_back(down); }
+    // A US keyboard layout.
+    int KeyScan(char character) override;
+    unsigned KeyCharacter(unsigned virtualKey) override;
+    void ShowHelpFile(std::string_view name) override { helpFilesShown.emplace_back(name); }
+    uintptr_t LoadButtonPictures(std::string_view name) override;
+    void FreeButtonPictures(uintptr_t pictures) override { freedPictures.push_back(pictures); }
+    void RedrawButton(int index) override { redrawnButtons.push_back(index); }
     void DrawFoundText(EditBuffer& buffer, int line, int startColumn, int endColumn) override {
         foundTexts.push_back({&buffer, line, startColumn, endColumn});
     }
