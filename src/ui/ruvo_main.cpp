@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 
+#include "commands/commands_win32.h"
 #include "dialogs/gadget_dialog_win32.h"
 #include "docs/recent_files.h"
 #include "engine/editor.h"
@@ -37,6 +38,7 @@ int RunMessageLoop(const ShellState& shell) {
         if (shell.mdiClient != nullptr && TranslateMDISysAccel(shell.mdiClient, &message)) {
             continue;
         }
+        if (TranslateKey(message, shell.frame)) continue;
         TranslateMessage(&message);
         DispatchMessageA(&message);
     }
@@ -57,7 +59,7 @@ void HandOver(HWND runningFrame, const std::string& commandLine) {
 
 void ShutDown(const ShellState& shell) {
     Ctl3dUnregisterApp(shell.instance);
-    // The button bar keeps no resources of its own yet.
+    ReleaseButtonBar();
     ReleasePrinterSettings();
     if (TheEditor().settings.options.saveOnExit) SaveSettings();
     saveRecentFiles();
@@ -90,7 +92,7 @@ int RunEditor(HINSTANCE instance, HINSTANCE previous, const char* commandLine, i
 
     const WindowPlacement placement = ReadMainWindow();
     const bool fullSize = ReadFullSize();
-    HMENU menu = nullptr; // the menu bar is built from menu.ini
+    HMENU menu = BuildMainMenu();
 
     if (CreateFrameWindow(instance, placement, menu) == nullptr) return 0;
     ShowWindow(shell.frame, fullSize ? SW_SHOWMAXIMIZED : showCommand);

@@ -29,6 +29,7 @@ struct ShellState {
     HWND mdiClient = nullptr;
     HWND statusWindow = nullptr;
     HWND buttonBar = nullptr;
+    HMENU menuBar = nullptr; // the frame's menu, kept for greying and the recent-file items
     int clientWidth = 0;
     int clientHeight = 0;
     // Installed by the button bar once it has buttons: its thickness across the edge it sits

@@ -132,7 +132,7 @@ void WinHost::Beep() {
 // --- Commands --------------------------------------------------------------------------------
 
 void WinHost::EnableCommand(int commandIndex, bool enabled) {
-    HMENU menu = shell.frame != nullptr ? GetMenu(shell.frame) : nullptr;
+    HMENU menu = shell.menuBar;
     if (menu == nullptr) return;
     EnableMenuItem(menu, static_cast<UINT>(CommandMenuIdBase + commandIndex),
                    MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED));
@@ -237,7 +237,7 @@ void WinHost::ScrollPositionChanged(EditBuffer&) {
 // --- Recent files ----------------------------------------------------------------------------
 
 void WinHost::RecentFilesChanged(const std::vector<std::string>& labels) {
-    HMENU menu = shell.frame != nullptr ? GetMenu(shell.frame) : nullptr;
+    HMENU menu = shell.menuBar;
     if (menu == nullptr) return;
     const auto& slots = TheEditor().documents.recentFiles;
     for (size_t i = 0; i < labels.size() && i < slots.size(); ++i) {

@@ -76,6 +76,14 @@ class WinHost : public Host {
     std::optional<std::string> InputDialog(std::string_view prompt, std::string_view initial,
                                            int maxLength) override;
 
+    // Keys, menu bar and button bar (src/commands/*_win32.cpp).
+    int KeyScan(char character) override;
+    unsigned KeyCharacter(unsigned virtualKey) override;
+    void ShowHelpFile(std::string_view fileName) override;
+    uintptr_t LoadButtonPictures(std::string_view name) override;
+    void FreeButtonPictures(uintptr_t pictures) override;
+    void RedrawButton(int index) override;
+
     // Edit window input (win_host_input.cpp).
     void SetScrollBarRange(EditBuffer& buffer, bool vertical, int min, int max) override;
     void SetScrollBarPos(EditBuffer& buffer, bool vertical, int pos) override;

@@ -1,6 +1,7 @@
 // Registration of the frame, status line, edit window and button bar classes.
 #include "ui/window_classes.h"
 
+#include "commands/commands_win32.h"
 #include "ui/edit_window.h"
 #include "ui/frame_window.h"
 #include "ui/status_window.h"
@@ -40,8 +41,7 @@ bool RegisterWindowClasses(HINSTANCE instance) {
                     CS_CLASSDC | CS_DBLCLKS | CS_HREDRAW | CS_VREDRAW,
                     LoadIconA(instance, "FileIcon"), IDC_IBEAM, StockBrush(WHITE_BRUSH),
                     EditWindowBytes) &&
-           // The bar's buttons come from buttons.ini; until it has some it is an empty strip.
-           Register(instance, ButtonBarClassName, DefWindowProcA,
+           Register(instance, ButtonBarClassName, ButtonBarWindowProc,
                     CS_CLASSDC | CS_HREDRAW | CS_VREDRAW, nullptr, IDC_ARROW,
                     StockBrush(LTGRAY_BRUSH), 0);
 }
