@@ -55,6 +55,8 @@
 //   child-show max|restore    maximises or restores the active MDI child through the client
 //   scroll-bars WINDOW        which scroll bars the frame's child of that class, or the active
 //                             MDI child ("active"), shows: "scroll-bars none|V|H|VH"
+//   popup-rect SECONDS        waits for an open menu (a visible pop-up menu window) and prints
+//                             its rectangle on the screen: "popup-rect x y width height"
 //   sleep MILLISECONDS        pauses (only for things that have no window to wait for)
 #include <windows.h>
 
@@ -388,6 +390,18 @@ size_t Run(const std::vector<std::string>& args, size_t at) {
         GetWindowRect(child, &r);
         MapWindowPoints(nullptr, frame, reinterpret_cast<POINT*>(&r), 2);
         PrintRect("child-rect", r);
+        return at + 2;
+    }
+    if (name == "popup-rect") {
+        HWND popup = nullptr;
+        const bool open = WaitFor(ToNumber(argument(1), "seconds"), [&] {
+            popup = FindWindowA("#32768", nullptr);
+            return popup != nullptr && IsWindowVisible(popup);
+        });
+        if (!open) Fail("no menu is open");
+        RECT r;
+        GetWindowRect(popup, &r);
+        PrintRect("popup-rect", r);
         return at + 2;
     }
     if (name == "child-screen-rect") {

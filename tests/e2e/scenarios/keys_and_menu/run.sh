@@ -1,0 +1,43 @@
+#!/usr/bin/env bash
+# Real key presses and clicks on the menu bar: Ctrl+S saves, Alt+F opens the File menu and a
+# click on its first item makes a new window; then a binding of a custom accel.ini works.
+# Screenshots: the menu bar with the open File menu, the Edit menu with its key texts.
+set -euo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/../../lib.sh"
+
+work=$WINEPREFIX/drive_c/work
+mkdir -p "$work"
+printf 'entity a is\r\nend a;\r\n' >"$work/a.vhd"
+
+e2e_start_ruvo 'C:\work\a.vhd'
+e2e_driver wait-frame "$E2E_TIMEOUT" foreground
+e2e_type "-- x"
+e2e_key ctrl+s
+e2e_expect "saved with Ctrl+S" "$(od -An -c "$work/a.vhd" | tr -s ' ')" \
+    "$(printf -- '-- xentity a is\r\nend a;\r\n' | od -An -c | tr -s ' ')"
+
+e2e_key alt+f
+e2e_driver popup-rect "$E2E_TIMEOUT"
+read -r mx my _ _ <<<"$(e2e_value popup-rect)"
+e2e_shot file_menu_open
+e2e_click $((mx + 30)) $((my + 10))
+e2e_driver children
+e2e_expect "windows after File > New" "$(e2e_value children)" "2"
+e2e_key alt+e
+e2e_driver popup-rect "$E2E_TIMEOUT"
+e2e_shot edit_menu_open
+e2e_key Escape Escape
+e2e_close_ruvo
+
+# A custom key file: its binding works, and the fixed window keys still hold.
+printf 'KEY Ctrl+Shift+N NewFile\r\nKEY F12 About\r\n' >"$E2E_APP_DIR/my_keys.ini"
+e2e_ini_set "$E2E_PROFILE" GUI Accellerators 'C:\ruvo\my_keys.ini'
+e2e_start_ruvo 'C:\work\a.vhd'
+e2e_driver wait-frame "$E2E_TIMEOUT" foreground
+e2e_key ctrl+shift+n
+e2e_key ctrl+n
+e2e_driver children
+e2e_expect "windows after Ctrl+Shift+N and an unbound Ctrl+N" "$(e2e_value children)" "2"
+e2e_key F12
+e2e_driver wait-window About "$E2E_TIMEOUT" answer About ok
+e2e_close_ruvo
