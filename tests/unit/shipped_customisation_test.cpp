@@ -58,8 +58,9 @@ TEST_F(ShippedCustomisationTest, TheWindowMenuIsSixthAndEveryCommandIsWithinReac
     int popups = 0;
     int depth = 0;
     for (const MenuEntry& e : editor.customisation.menu.entries) {
-        if (e.kind == MenuEntryKind::PopupStart && depth++ == 0 && popups++ == 5)
+        if (e.kind == MenuEntryKind::PopupStart && depth++ == 0 && popups++ == 5) {
             EXPECT_EQ(e.text, "&Window");
+        }
         if (e.kind == MenuEntryKind::PopupEnd) --depth;
         if (e.kind == MenuEntryKind::Item) reached.insert(CommandIndexOfMenuId(e.commandId));
     }
