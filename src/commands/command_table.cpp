@@ -9,6 +9,7 @@
 #include "aids/search_commands.h"
 #include "aids/templates_dialog.h"
 #include "aids/word_expansion.h"
+#include "commands/accelerators_dialog.h"
 #include "commands/button_bar.h"
 #include "commands/help_files.h"
 #include "commands/pending_commands.h"

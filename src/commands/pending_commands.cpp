@@ -100,8 +100,5 @@ int WindowPrevious() {
 int WindowClose() {
     return 0;
 }
-int Accelerators() {
-    return 0;
-}
 
 } // namespace ruvo

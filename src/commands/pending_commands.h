@@ -27,6 +27,5 @@ int WindowTileHorizontal();
 int WindowNext();
 int WindowPrevious();
 int WindowClose();
-int Accelerators();
 
 } // namespace ruvo

@@ -5,8 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "commands/accelerators_dialog.h"
 #include "commands/command_table.h"
 #include "customisation_files.h"
+#include "dialogs/gadget_dialog.h"
 #include "editor_fixture.h"
 #include "language_test_files.h"
 
@@ -167,6 +169,45 @@ TEST_F(KeyMapTest, KeyNamesAndTexts) {
     EXPECT_EQ(KeyText(b).modifiers, "");
     b.virtualKey = 0x0D;
     EXPECT_EQ(KeyText(b).text, "Enter");
+}
+
+Gadget* GadgetCalled(GadgetDialog& dialog, GadgetType type, std::string_view text, int nth = 0) {
+    for (const auto& gadget : dialog.gadgets)
+        if (gadget->type == type && gadget->text == text && nth-- == 0) return gadget.get();
+    return nullptr;
+}
+
+TEST_F(KeyMapTest, TheAcceleratorsDialogShowsTheLastKeyOfTheChosenCommand) {
+    LoadKeyMap("");
+    std::vector<std::string> seen; // key text | description, after each choice
+    host.dialogActions.push_back([&](GadgetDialog& dialog) {
+        Gadget* list = GadgetCalled(dialog, GadgetType::ListBox, "");
+        ASSERT_NE(list, nullptr);
+        EXPECT_EQ(list->items.size(), 98u);
+        EXPECT_EQ(list->items[97], "Accelerators");
+        Gadget* keys = GadgetCalled(dialog, GadgetType::Edit, "");
+        Gadget* description = GadgetCalled(dialog, GadgetType::StaticText, "", 0);
+        for (const char* command : {"EditCopy", "SetMark4", "About", "NewFile"}) {
+            GadgetNotified(dialog, list->controlId, static_cast<int>(IdOf(command)) - 10000);
+            seen.push_back(keys->textValue + "|" + description->textValue);
+        }
+        GadgetNotified(dialog, GadgetCalled(dialog, GadgetType::PushButton, "&Assign")->controlId,
+                       0);
+        EXPECT_TRUE(host.DialogVisible(dialog));
+        GadgetNotified(dialog, GadgetCalled(dialog, GadgetType::PushButton, "&Close")->controlId,
+                       0);
+        EXPECT_FALSE(host.DialogVisible(dialog));
+    });
+    Accelerators();
+    EXPECT_EQ(seen, (std::vector<std::string>{"Ctrl+Ins|Copy the selected text to the Clipboard.",
+                                              "Ctrl+Shift+4|Set bookmark 4.",
+                                              "Ctrl+F1|Display version and copyright information.",
+                                              "Ctrl+N|Create a new unnamed file."}));
+    GadgetDialog* first = editor.customisation.acceleratorsDialog.get();
+    Accelerators();
+    EXPECT_EQ(editor.customisation.acceleratorsDialog.get(), first);
+    EXPECT_EQ(host.shownDialogs, (std::vector<std::string>{"Keyboard accelerators mapping:",
+                                                           "Keyboard accelerators mapping:"}));
 }
 
 } // namespace
