@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
 # Real key presses and clicks on the menu bar: Ctrl+S saves, Alt+F opens the File menu and a
-# click on its first item makes a new window; then a binding of a custom accel.ini works.
-# Screenshots: the menu bar with the open File menu, the Edit menu with its key texts.
+# click on its first item makes a new window, Options > Keyboard shows the key of a chosen
+# command; then a binding of a custom accel.ini works. Screenshots: the menu bar with the open
+# File menu, the Edit menu with its key texts, the Window menu listing the windows, the keyboard
+# accelerators dialog.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/../../lib.sh"
 
@@ -27,6 +29,22 @@ e2e_key alt+e
 e2e_driver popup-rect "$E2E_TIMEOUT"
 e2e_shot edit_menu_open
 e2e_key Escape Escape
+e2e_key alt+w
+e2e_driver popup-rect "$E2E_TIMEOUT"
+e2e_shot window_menu_open
+e2e_key Escape Escape
+
+# Options > Keyboard...; "s" in the command list chooses SaveFile, the first name with S.
+e2e_key alt+o k
+e2e_driver wait-window "Keyboard accelerators mapping:" "$E2E_TIMEOUT"
+e2e_key s
+e2e_driver dialog-controls "Keyboard accelerators mapping:"
+grep -qx 'control Edit - Ctrl+S' <<<"$E2E_OUT" || e2e_fail "the dialog shows no Ctrl+S for SaveFile"
+grep -qx 'control Static - Save the file in the active edit window.' <<<"$E2E_OUT" ||
+    e2e_fail "the dialog shows no description of SaveFile"
+e2e_shot accelerators_dialog
+e2e_key Escape
+e2e_driver wait-no-window "Keyboard accelerators mapping:" "$E2E_TIMEOUT"
 e2e_close_ruvo
 
 # A custom key file: its binding works, and the fixed window keys still hold.
