@@ -280,6 +280,13 @@ size_t Run(const std::vector<std::string>& args, size_t at) {
             Fail("no visible frame window after " + std::to_string(seconds) + " s");
         }
         WaitUntilIdle(Frame(), seconds);
+        // The first layout comes from a posted message: wait until the status line has a size.
+        const bool laidOut = WaitFor(seconds, [] {
+            HWND status = FindWindowExA(Frame(), nullptr, "StatusClass", nullptr);
+            RECT r{};
+            return status != nullptr && GetWindowRect(status, &r) && r.bottom > r.top;
+        });
+        if (!laidOut) Fail("the frame has not laid out its status line");
         std::printf("wait-frame ok\n");
         return at + 2;
     }
