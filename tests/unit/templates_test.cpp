@@ -1,8 +1,6 @@
 // Template files: the reader's reports, expansion into the buffer, the two dialogs, the
 // warnings of expansion by name and the [Templates] profile section.
 #include <algorithm>
-#include <string>
-#include <vector>
 
 #include "aids/hdl_aids_state.h"
 #include "aids/template_expand.h"
@@ -13,6 +11,7 @@
 #include "lang/language_io.h"
 #include "lang/language_table.h"
 #include "settings/error_report.h"
+#include "settings/profile.h"
 
 #include "buffer_builder.h"
 #include "dialog_script.h"
@@ -32,7 +31,7 @@ class TemplatesTest : public EditorTest {
             lines.emplace_back(log->lineText[i]);
         return lines;
     }
-    std::vector<std::string> Names(const TemplateFile& file) const {
+    static std::vector<std::string> Names(const TemplateFile& file) {
         std::vector<std::string> names;
         for (const Template& entry : file.templates)
             names.push_back(entry.name);
@@ -66,8 +65,7 @@ TEST_F(TemplatesTest, ReaderKeepsGoodTemplatesAndReportsEachFault) {
         {"[t(a)]\n$0$ $1$ $2$\r\n",
          {"t"},
          {"Error 8: Body contains placeholder of non-existent parameter in: t.", "@",
-          "Error 8: Body contains placeholder of non-existent parameter in: t.", "@"}},
-    };
+          "Error 8: Body contains placeholder of non-existent parameter in: t.", "@"}}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.text);
         TempFile file(c.text);
@@ -112,6 +110,7 @@ TEST_F(TemplatesTest, DialogsInsertWithValuesKeptAsOneEdit) {
             for (int index : templateIndexes) {
                 templates.doubleClicked = doubleClick;
                 GadgetNotified(dialog, templates.controlId, index);
+                EXPECT_FALSE(insert.IsDisabled());
                 templates.doubleClicked = false;
                 if (!doubleClick) GadgetNotified(dialog, insert.controlId, 0);
             }
@@ -122,6 +121,7 @@ TEST_F(TemplatesTest, DialogsInsertWithValuesKeptAsOneEdit) {
     host.dialogActions.push_back([this](GadgetDialog& dialog) {
         EXPECT_EQ(dialog.gadgets[0]->text, "a");
         EXPECT_EQ(host.gadgetShown[dialog.gadgets[4].get()], false); // row 2 hidden
+        EXPECT_EQ(host.focusedGadget, dialog.gadgets[1].get());
         host.TypeText(*dialog.gadgets[1], "x1");
         host.TypeText(*dialog.gadgets[3], "x2");
         DialogOkCommand(dialog);
@@ -151,10 +151,10 @@ TEST_F(TemplatesTest, ExpandByNameWarnsOfAMissingFileOrTemplate) {
     EXPECT_EQ(ExpandTemplateByName(file.path() + "-gone", "empty"), 0);
     EXPECT_EQ(ExpandTemplateByName(file.path(), "Empty"), 0);
     EXPECT_EQ(ExpandTemplateByName(file.path(), "empty"), 1);
-    ASSERT_EQ(host.boxes.size(), 2u);
+    EXPECT_EQ(host.ErrorBoxTexts(), "Template file \"" + file.path() + "-gone\" not found.\n" +
+                                        "Template \"Empty\" not found in file \"" + file.path() +
+                                        "\" .\n");
     EXPECT_EQ(host.boxes[0].caption, "Warning");
-    EXPECT_EQ(host.boxes[0].text, "Template file \"" + file.path() + "-gone\" not found.");
-    EXPECT_EQ(host.boxes[1].text, "Template \"Empty\" not found in file \"" + file.path() + "\" .");
     EXPECT_EQ(state().loadedFiles.size(), 1u); // loaded once, found again by its path
     EXPECT_EQ(buffer.Text(), "x\n");
 }
@@ -182,17 +182,14 @@ TEST_F(TemplatesTest, ProfileKeepsLoadedAndMissingFilesAndDropsRemovedOnes) {
     });
     EditTemplates();
     ASSERT_EQ(host.fileDialogs.size(), 1u);
-    EXPECT_EQ(host.fileDialogs[0].title, "Load Template");
-    EXPECT_EQ(host.fileDialogs[0].filter, "Template files(*.tpl)|*.tpl|All files(*.*)|*.*|");
+    EXPECT_EQ(host.fileDialogs[0].title + "|" + host.fileDialogs[0].filter,
+              "Load Template|Template files(*.tpl)|*.tpl|All files(*.*)|*.*|");
     ASSERT_EQ(host.createdWindows.size(), 1u);
     EXPECT_STREQ(host.createdWindows[0]->fileName, "startup.err");
 
     SaveTemplatesToProfile();
-    EXPECT_EQ(host.ProfileValue("Templates", "1"), b.path());
-    EXPECT_EQ(host.ProfileValue("Templates", "2"), faulty.path());
-    EXPECT_EQ(host.ProfileValue("Templates", "3"), "/missing.tpl");
-    EXPECT_EQ(host.ProfileValue("Templates", "4"), "");
-    EXPECT_EQ(host.ProfileValue("Templates", "5"), "");
+    EXPECT_EQ(ReadList("Templates", "", 6, 256),
+              (std::vector<std::string>{b.path(), faulty.path(), "/missing.tpl", "", "", ""}));
 }
 
 TEST_F(TemplatesTest, ShippedExpandersNameShippedTemplates) {
@@ -202,26 +199,17 @@ TEST_F(TemplatesTest, ShippedExpandersNameShippedTemplates) {
     host.SetProfile("VHDL", "File", SourcePath("config/vhdl.lsf"));
     host.SetProfile("Verilog", "File", SourcePath("config/verilog.lsf"));
     LoadLanguages();
+    std::vector<std::string> known; // "[$INSTALL\\file][name]" of every shipped template
+    for (const char* file : {"vhdl.tpl", "verilog.tpl"})
+        for (const std::string& name : Names(*LoadTemplateFile(SourcePath("config/") + file)))
+            known.push_back("[$INSTALL\\" + std::string(file) + "][" + name + "]");
     int references = 0;
-    for (int language = 1; language <= 2; ++language) {
-        const LanguageDef& def = LanguageEntry(language);
-        for (int i = 0; i < def.expanderValues.Count(); ++i) {
-            const std::string value = def.expanderValues[i];
-            if (value[0] != '[') continue;
-            ++references;
-            // [$INSTALL\file][name]: the file is taken from the checkout.
-            const size_t fileEnd = value.find(']');
-            const std::string file = value.substr(value.find('\\') + 1, fileEnd - 10);
-            const std::string name = value.substr(fileEnd + 2, value.size() - fileEnd - 3);
-            const TemplateFile* loaded = nullptr;
-            for (const auto& known : state().loadedFiles)
-                if (known->path == SourcePath("config/" + file)) loaded = known.get();
-            if (loaded == nullptr) loaded = LoadTemplateFile(SourcePath("config/" + file));
-            ASSERT_NE(loaded, nullptr) << value;
-            const std::vector<std::string> names = Names(*loaded);
-            EXPECT_NE(std::find(names.begin(), names.end(), name), names.end()) << value;
-        }
-    }
+    for (int language = 1; language <= 2; ++language)
+        for (const char* value : LanguageEntry(language).expanderValues)
+            if (value[0] == '[') {
+                ++references;
+                EXPECT_NE(std::find(known.begin(), known.end(), value), known.end()) << value;
+            }
     EXPECT_EQ(references, 27);
     EXPECT_FALSE(HasStartupErrors()) << Reports().front();
 }
