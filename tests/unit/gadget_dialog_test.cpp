@@ -1,22 +1,22 @@
 // The dialog builder's model: units and layout, tags and values, closing, pages.
 #include "dialogs/gadget_dialog.h"
 
+#include <tuple>
+
 #include "dialog_script.h"
 #include "editor_fixture.h"
 
 namespace ruvo {
 namespace {
 
-class GadgetDialogTest : public EditorTest {};
+using GadgetDialogTest = EditorTest;
 
 TEST_F(GadgetDialogTest, DialogUnitsAndRadioGridConvertByTheFormulas) {
     host.dialogBaseUnits = {7, 15}; // vertical unit becomes 16
     auto dialog = createDialog("Units");
     Gadget* edit = GlGadgetCreate(*dialog, GadgetType::Edit, 46, 13, 112, 12, "");
-    EXPECT_EQ(edit->x, 46 * 7 / 4);
-    EXPECT_EQ(edit->y, 13 * 16 / 8);
-    EXPECT_EQ(edit->width, 112 * 7 / 4);
-    EXPECT_EQ(edit->height, 12 * 16 / 8);
+    EXPECT_EQ(std::tie(edit->x, edit->y, edit->width, edit->height),
+              std::make_tuple(46 * 7 / 4, 13 * 16 / 8, 112 * 7 / 4, 12 * 16 / 8));
     EXPECT_EQ(edit->maxLength, DefaultEditLength);
     EXPECT_EQ(edit->controlId, FirstGadgetControlId);
 
@@ -26,10 +26,10 @@ TEST_F(GadgetDialogTest, DialogUnitsAndRadioGridConvertByTheFormulas) {
     };
     const Case cases[] = {
         {3, 1, 0, {0, 0, 120, 20}}, // three in one column: a quarter of the height each
-        {3, 1, 2, {0, 40, 120, 20}}, {2, 1, 1, {0, 40, 120, 40}},
+        {3, 1, 2, {0, 40, 120, 20}},
+        {2, 1, 1, {0, 40, 120, 40}},
         {4, 2, 3, {60, 40, 60, 40}}, // two columns: next row after two buttons
-        {5, 2, 4, {0, 52, 60, 26}},
-    };
+        {5, 2, 4, {0, 52, 60, 26}}};
     for (const Case& c : cases) {
         Gadget radio;
         radio.width = 120;
@@ -37,10 +37,9 @@ TEST_F(GadgetDialogTest, DialogUnitsAndRadioGridConvertByTheFormulas) {
         radio.columns = c.columns;
         radio.items.assign(c.items, "x");
         const GadgetRect r = RadioButtonRect(radio, c.index);
-        EXPECT_EQ(r.x, c.expected.x) << c.items << "/" << c.columns << "/" << c.index;
-        EXPECT_EQ(r.y, c.expected.y) << c.items << "/" << c.columns << "/" << c.index;
-        EXPECT_EQ(r.width, c.expected.width);
-        EXPECT_EQ(r.height, c.expected.height);
+        EXPECT_EQ(std::tie(r.x, r.y, r.width, r.height),
+                  std::tie(c.expected.x, c.expected.y, c.expected.width, c.expected.height))
+            << c.items << "/" << c.columns << "/" << c.index;
     }
 }
 
@@ -52,14 +51,18 @@ TEST_F(GadgetDialogTest, TagsSetValuesItemsAndStopAtAnUnknownOne) {
     EXPECT_EQ(dialog->focusGadget, edit);
 
     Gadget* list = GlGadgetCreate(*dialog, GadgetType::ListBox, 0, 20, 40, 40, "",
-                                  {ValueTag(7), ItemsTag({"a", "b", "c"})});
+                                  {ValueTag(7), ItemsTag({"a", "b", "c"}), OwnerDataTag(5),
+                                   PerItemValuesTag(true), ItemValueTag(1, 4)});
     EXPECT_EQ(list->value, 2);
+    EXPECT_EQ(list->ownerData, 5);
+    EXPECT_TRUE(list->itemValues.empty()) << "per-item values were disabled";
     const std::pair<int, int> indexes[] = {{7, 2}, {-5, -1}, {1, 1}};
     for (auto [given, shown] : indexes) {
         setGadgetValue(*list, given);
         EXPECT_EQ(GlGadgetGet(*list), shown) << given;
     }
-    GlGadgetSet(*list, {InsertItemTag(0, "z"), SetItemTextTag(3, "C"), DeleteItemTag(1)});
+    GlGadgetSet(*list, {InsertItemTag(0, "z"), SetItemTextTag(3, "C"), DeleteItemTag(1),
+                        SetItemTextTag(3, "x"), DeleteItemTag(3), DeleteItemTag(-1)});
     EXPECT_EQ(list->items, (std::vector<std::string>{"z", "b", "C"}));
     GlGadgetSet(*list, {DeleteItemTag(0), DeleteItemTag(0), DeleteItemTag(0)});
     EXPECT_EQ(list->value, -1) << "an empty list has no selection";
