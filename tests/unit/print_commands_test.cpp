@@ -4,9 +4,7 @@
 
 #include <cstdio>
 #include <cstring>
-#include <optional>
-#include <string>
-#include <vector>
+#include <regex>
 
 #include "print/print_layout.h"
 
@@ -80,6 +78,9 @@ TEST_F(PrintCommandsTest, CopiesPageRangesAndTheSelection) {
         lines += "line " + std::to_string(i) + "\n";
     TestBuffer text(lines);
     std::strcpy(text->fullPath, "C:\\work\\twenty.vhd");
+    LanguageDef language;
+    ASSERT_TRUE(language.groups[0].words.Append("line"));
+    text->language = &language;
     editor.settings.print.printDestination = "Old";
     const std::pair<PrintDialogAnswer, std::vector<std::string>> cases[] = {
         {Answer(PrintRange::All, 1, 1, 2, true), {"1", "2", "3", "1", "2", "3"}},
@@ -99,6 +100,13 @@ TEST_F(PrintCommandsTest, CopiesPageRangesAndTheSelection) {
     EXPECT_EQ(host.printJobs.back().documentName, "C:\\work\\twenty.vhd");
     EXPECT_FALSE(host.printJobs.back().defaultPrinter);
     EXPECT_EQ(host.statusPanes[4], "1 page printed.");
+    const std::vector<PrintedPiece>& pieces = host.printedPages[0].pieces;
+    EXPECT_TRUE(std::any_of(pieces.begin(), pieces.end(), [](const PrintedPiece& piece) {
+        return std::regex_match(piece.text, std::regex(R"(.*\d{4}-\d\d-\d\d \d\d:\d\d.*)"));
+    })) << "the date is in the header";
+    EXPECT_TRUE(std::any_of(pieces.begin(), pieces.end(), [](const PrintedPiece& piece) {
+        return piece.text == "line" && piece.typeface == 1;
+    })) << "keywords of the buffer's language are bold";
 
     // Whole lines of the selection keep their numbers; one ending at a line start stops before.
     host.printedPages.clear();
@@ -107,7 +115,13 @@ TEST_F(PrintCommandsTest, CopiesPageRangesAndTheSelection) {
     PrintText();
     EXPECT_TRUE(host.printDialogs.back().hasSelection);
     EXPECT_EQ(Printed(host, false), (std::vector<std::string>{"   5", "   6", "   7"}));
-    EXPECT_EQ(host.endedJobs, std::vector<bool>(5, true));
+    // The empty line after a last line end is not printed, even after a single line.
+    TestBuffer one("x\n");
+    host.printedPages.clear();
+    host.printDialogAnswers.push_back(Answer(PrintRange::All, 1, 1, 1, true));
+    PrintText();
+    EXPECT_EQ(Printed(host, false), (std::vector<std::string>{"   1"}));
+    EXPECT_EQ(host.endedJobs, std::vector<bool>(6, true));
 }
 
 TEST_F(PrintCommandsTest, CommandLinePrintsAFileOnTheDefaultPrinter) {

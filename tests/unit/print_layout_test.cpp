@@ -51,6 +51,9 @@ TEST(PageGridTest, MarginsStayInsideThePrintableArea) {
     // A margin that would leave fewer than 20 columns is narrowed.
     EXPECT_EQ(ComputePageGrid(letter, 200), (PageGrid{1825, 75, 25, 42, 20, 71}));
     EXPECT_EQ(ComputePageGrid(PrinterMetrics{}, 8), (PageGrid{0, 0, 1, 1, 1, 1}));
+    // No margin asked on a printer that prints to the edge: the text starts at the edge.
+    const PrinterMetrics edge{2550, 3300, 0, 0, 2550, 3300, 300, 300, 25, 42};
+    EXPECT_EQ(ComputePageGrid(edge, 0), (PageGrid{0, 150, 25, 42, 96, 71}));
 }
 
 TEST_F(PrintLayoutTest, LongLinesWrapUnnumberedAcrossPageBreaks) {
