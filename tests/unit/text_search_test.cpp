@@ -170,6 +170,19 @@ TEST_F(SearchTest, PromptedReplaceAsksEachTimeAndCancelKeepsWhatWasDone) {
     EXPECT_EQ(buffer.Text(), "q foo bar foo");
     FindNextText();
     EXPECT_EQ(buffer.Text(), "q foo q foo");
+
+    // A selection the user had comes back after a No or a Cancel.
+    const std::pair<std::deque<int>, const char*> answers[] = {
+        {{AnswerCancel}, "q foo q foo"}, {{AnswerYes, AnswerNo}, "z foo q foo"}};
+    for (const auto& [given, text] : answers) {
+        buffer.Select(MakePos(0, 2), MakePos(0, 5));
+        host.answers = given;
+        host.dialogActions.push_back(
+            Confirm(host, {.find = "q", .replace = "z", .replaceAll = true, .prompt = true}));
+        ReplaceText();
+        EXPECT_EQ(buffer.Text(), text);
+        EXPECT_EQ(Selection(buffer), (TextRange{MakePos(0, 2), MakePos(0, 5)})) << text;
+    }
 }
 
 TEST_F(SearchTest, TheSelectedRangeKeepsReplacementsInsideTheSelection) {
@@ -180,7 +193,8 @@ TEST_F(SearchTest, TheSelectedRangeKeepsReplacementsInsideTheSelection) {
         const char* replaced;
         TextRange after;
     } cases[] = {{"x x x x\nx", "x", "yy", {{0, 2}, {0, 5}}, "x yy yy x\nx", {{0, 2}, {0, 7}}},
-                 {"ab ab ab", "ab", "X", {{0, 0}, {0, 4}}, "X ab ab", {{0, 0}, {0, 3}}}};
+                 {"ab ab ab", "ab", "X", {{0, 0}, {0, 4}}, "X ab ab", {{0, 0}, {0, 3}}},
+                 {"ab ab ab", "ab", "X", {{0, 0}, {0, 2}}, "X ab ab", {{0, 0}, {0, 1}}}};
     for (const auto& c : cases) {
         for (const bool backward : {false, true}) {
             TestBuffer buffer(c.text);
