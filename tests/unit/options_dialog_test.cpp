@@ -66,23 +66,31 @@ TEST_F(OptionsDialogTest, ConfirmTakesEachFieldInItsRange) {
         bool buttonsLeft;
         int margin, layouts, fonts;
     } cases[] = {
-        {[&](auto& d) { type(d.tabSize, "8"); }, 8, "10 Courier New", true, 7, 0, 0},
+        {[&](auto& d) { type(d.tabSize, "1"); }, 1, "10 Courier New", true, 7, 0, 0},
         {[&](auto& d) {
              type(d.tabSize, "17");
              type(d.fontSize, "");
          },
-         8, "10 Courier New", true, 7, 0, 0},
-        {[&](auto& d) { type(d.fontSize, "12"); }, 8, "12 Courier New", true, 7, 0, 1},
-        {[&](auto& d) { type(d.fontSize, "23"); }, 8, "12 Courier New", true, 7, 0, 1},
-        {[](auto& d) { setGadgetValue(*d.fontNames, 1); }, 8, "12 Lucida Console", true, 7, 0, 2},
+         1, "10 Courier New", true, 7, 0, 0},
+        {[&](auto& d) {
+             type(d.tabSize, "16");
+             type(d.fontSize, "8");
+         },
+         16, "8 Courier New", true, 7, 0, 1},
+        {[&](auto& d) {
+             type(d.tabSize, "0");
+             type(d.fontSize, "23");
+         },
+         16, "8 Courier New", true, 7, 0, 1},
+        {[&](auto& d) { type(d.fontSize, "22"); }, 16, "22 Courier New", true, 7, 0, 2},
+        {[](auto& d) { setGadgetValue(*d.fontNames, 1); }, 16, "22 Lucida Console", true, 7, 0, 3},
         {[](auto& d) {
              setGadgetValue(*d.buttonPosition, 0);
              setGadgetValue(*d.lineNumbers, 0);
          },
-         8, "12 Lucida Console", false, 0, 1, 2},
-        {[](auto& d) { setGadgetValue(*d.lineNumbers, 1); }, 8, "12 Lucida Console", false, 7, 1,
-         2},
-    };
+         16, "22 Lucida Console", false, 0, 1, 3},
+        {[](auto& d) { setGadgetValue(*d.lineNumbers, 1); }, 16, "22 Lucida Console", false, 7, 1,
+         3}};
     for (size_t i = 0; i < std::size(cases); ++i) {
         const Case& c = cases[i];
         Confirm(c.fill);
@@ -104,7 +112,7 @@ TEST_F(OptionsDialogTest, ConfirmTakesEachFieldInItsRange) {
     });
     EXPECT_EQ(editor.engine.currentBuffer->language, &LanguageEntry(1));
     const std::vector<std::string>& written = host.profileWrites;
-    EXPECT_NE(std::find(written.begin(), written.end(), "[Options] TabSize=8"), written.end());
+    EXPECT_NE(std::find(written.begin(), written.end(), "[Options] TabSize=16"), written.end());
 }
 
 } // namespace
