@@ -185,6 +185,8 @@ TEST_F(DocsOpenTest, ClosingMovesOnAndFillsTheRecentFiles) {
     addRecentFile("A.vhd");
     addRecentFile("a.vhd"); // names differing in case are different entries
     EXPECT_EQ(Slots(), (Lines{"a.vhd", "A.vhd", paths[2], paths[5], paths[4]}));
+    addRecentFile(std::string(300, 'r')); // cut to the longest file name
+    EXPECT_EQ(Slots()[0], std::string(255, 'r'));
 
     int visits = 0;
     EXPECT_EQ(forEachBuffer([&](EditBuffer&) { return 1; }), 1);
@@ -237,7 +239,12 @@ TEST_F(DocsOpenTest, StartupErrorsOpenInAMessageWindowThatIsRefreshed) {
     EXPECT_EQ(LinesOf(*window).back(), "Error 2: Cannot open Menu definition file 'menu.ini'.");
     ASSERT_EQ(NewFile(), 0);
     ReportStartupError(ErrorSyntax, "bad line", "Keyboard mapper");
+    window->topLine = 3;
+    window->leftColumn = 2;
+    const int caretUpdates = host.caretUpdates;
     ShowStartupErrors();
+    EXPECT_EQ(window->topLine + window->leftColumn, 0);
+    EXPECT_GT(host.caretUpdates, caretUpdates);
     EXPECT_EQ(editor.documents.buffers.size(), 2u);
     EXPECT_EQ(Current(), window);
     EXPECT_EQ(host.activatedWindows.back(), window);
@@ -254,6 +261,10 @@ TEST_F(DocsOpenTest, InsertFileIsOneUndoableEditWithoutCarriageReturns) {
     Run("InsertFile"); // without a window nothing is asked
     ASSERT_EQ(openFile("Untitled9", 1, 1, KindDocument), 0);
     Run("InsertFile"); // nor for a read-only one
+    ASSERT_EQ(NewFile(), 0);
+    Current()->closedFlags |= ClosedFlagWindowGone; // nor for one whose window is going away
+    Run("InsertFile");
+    Run("SaveFile");
     EXPECT_TRUE(host.fileDialogs.empty());
     ASSERT_EQ(NewFile(), 0);
     EditBuffer& buffer = *Current();

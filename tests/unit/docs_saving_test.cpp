@@ -144,6 +144,10 @@ TEST_F(DocsSavingTest, UnnamedBufferAsksForANameAndTakesItsLanguage) {
     EXPECT_EQ(SaveFileAs(), 0);
     EXPECT_EQ(host.fileDialogs.back().initialDirectory, editor.documents.lastDialogDirectory);
     EXPECT_EQ(host.fileDialogs.back().filter, "VHDL files(*.vhd)|*.vhd|All files(*.*)|*.*|");
+    const std::string longest = "Untitled" + std::string(247, '0');
+    ASSERT_EQ(openFile(longest, 1, 0, KindDocument), 0);
+    EXPECT_EQ(SaveFile(), 0);
+    EXPECT_EQ(host.fileDialogs.back().initialName, longest.substr(0, 254));
 }
 
 TEST_F(DocsSavingTest, LargeBuffersShowProgressAndSaveAllTakesModifiedOnly) {
@@ -158,9 +162,9 @@ TEST_F(DocsSavingTest, LargeBuffersShowProgressAndSaveAllTakesModifiedOnly) {
     EXPECT_EQ(ReadBytes(folder.File("big.vhd")), "-" + bytes);
     EXPECT_EQ(ReadBytes(folder.File("b.vhd")), "changed outside");
     ASSERT_GE(host.progressEvents.size(), 3u);
-    EXPECT_EQ(host.progressEvents[0], "show Saving file. 2501");
-    EXPECT_EQ(host.progressEvents[1], "text " + folder.File("big.vhd"));
-    EXPECT_EQ(host.progressEvents.back(), "hide");
+    EXPECT_EQ(host.progressEvents,
+              (Lines{"show Saving file. 2501", "text " + folder.File("big.vhd"), "update 1000",
+                     "update 2000", "hide"}));
 }
 
 TEST_F(DocsSavingTest, BackupCopiesTheOldFileFirstAndExplainsFailures) {
