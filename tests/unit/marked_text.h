@@ -1,0 +1,34 @@
+// A test buffer's text with its caret '|', selection '[' ']' and a stray anchor '^' written in.
+#pragma once
+
+#include <string>
+
+#include "buffer_builder.h"
+
+namespace ruvo {
+
+// A mark past a line's end is written after it as "@column" and the mark.
+inline std::string Marked(TestBuffer& buffer) {
+    const EditBuffer& b = *buffer;
+    const bool selected = b.lines.hasSelection != 0;
+    std::string out;
+    for (int32_t line = 0; line < b.lines.lineCount; ++line) {
+        const std::string text = b.lines.lineText[line];
+        const int32_t size = static_cast<int32_t>(text.size());
+        const auto marks = [&](int32_t column) {
+            const TextPos at = MakePos(line, column);
+            std::string m;
+            if (selected && b.selStart == at) m += '[';
+            if (!selected && !(b.anchor == b.cursor) && b.anchor == at) m += '^';
+            if (b.cursor == at) m += '|';
+            if (selected && b.selEnd == at) m += ']';
+            return column > size && !m.empty() ? "@" + std::to_string(column) + m : m;
+        };
+        if (line > 0) out += '\n';
+        for (int32_t column = 0; column < 300; ++column)
+            out += marks(column) + (column < size ? text.substr(column, 1) : "");
+    }
+    return out;
+}
+
+} // namespace ruvo
