@@ -2,12 +2,14 @@
 // selection and tabs, the caret's place, error markers and the found-text highlight.
 #include "engine/line_layout.h"
 
+#include <climits>
 #include <random>
 #include <string>
 #include <vector>
 
 #include "buffer_builder.h"
 #include "editor_fixture.h"
+#include "engine/command_target.h"
 #include "engine/found_text.h"
 #include "engine/text_store.h"
 #include "lang/keyword_lookup.h"
@@ -22,37 +24,37 @@ constexpr uint32_t KeywordColour = MakeColor(5, 5, 5);
 class LineLayoutTest : public EditorTest {
   protected:
     LineLayoutTest() {
-        language.name = "VHDL";
         language.lineComment = "--";
         language.text.color = TextColour;
         language.comment.color = CommentColour;
         language.groups[0].attribute.color = KeywordColour;
-        for (const char* word : {"entity", "is", "end", "signal"})
+        for (const char* word : {"end", "entity", "is", "signal"})
             EXPECT_TRUE(language.groups[0].words.Append(word));
-        SortKeywords(language.groups[0].words);
         SetFontMetrics(8, 15);
     }
 
     // A 640 x 480 window: 80 columns with a 7-column margin, 32 full rows.
     void Measure(EditBuffer& buffer) { MeasureBuffer(buffer, 640, 480); }
 
-    // Each segment as text, '*' when inverted, '@' screen column, '~' when drawn with tabs.
+    // Each segment as [text], '*' when inverted, its colour (t text, c comment, k keyword, w white,
+    // b black), '@' screen column, '~' when drawn with tabs; then the row's fill and end column.
     std::string Describe(const EditBuffer& buffer, int32_t line) {
         RowLayout layout;
         LayOutRow(buffer, line, layout);
         std::string text;
         for (int i = 0; i < layout.count; ++i) {
             const RowSegment& s = layout.segments[i];
-            text +=
-                "[" +
-                std::string(buffer.lines.lineText[line] + s.start, static_cast<size_t>(s.length)) +
-                "]";
-            if (s.inverted) text += "*";
-            text += "@" + std::to_string(s.displayColumn);
-            if (s.hasTabs) text += "~";
+            text += "[" + std::string(buffer.lines.lineText[line] + s.start, s.length) + "]" +
+                    (s.inverted ? "*" : "");
+            for (auto [colour, name] : {std::pair{TextColour, 't'},
+                                        {CommentColour, 'c'},
+                                        {KeywordColour, 'k'},
+                                        {ColorWhite, 'w'},
+                                        {ColorBlack, 'b'}})
+                if (s.color == colour) text += name;
+            text += "@" + std::to_string(s.displayColumn) + (s.hasTabs ? "~" : "");
         }
-        text += layout.fillBlack ? " black" : " white";
-        return text;
+        return text + (layout.fillBlack ? " black " : " white ") + std::to_string(layout.endColumn);
     }
 
     LanguageDef language;
@@ -61,20 +63,22 @@ class LineLayoutTest : public EditorTest {
 TEST_F(LineLayoutTest, FontHeightFollowsThePointSizeAndTheScreen) {
     // Zero, negative sizes and texts that are no number give the 10-point font; the height is
     // negative (a character height) and rounded to the nearest pixel, as MulDiv does.
-    const struct {
-        const char* size;
-        int points, at96, at120;
-    } fonts[] = {{"12", 12, -16, -20}, {" 14pt", 14, -19, -23}, {"11", 11, -15, -18},
-                 {"9", 9, -12, -15},   {"0", 10, -13, -17},     {"", 10, -13, -17},
-                 {"abc", 10, -13, -17}, {"-3", 10, -13, -17},   {" ", 10, -13, -17}};
+    // clang-format off
+    const struct { const char* size; int points, at96, at120; } fonts[] = {
+        {"12", 12, -16, -20}, {" \t14pt", 14, -19, -23}, {"11", 11, -15, -18}, {"+9", 9, -12, -15},
+        {"0", 10, -13, -17}, {"", 10, -13, -17}, {"abc", 10, -13, -17}, {"-3", 10, -13, -17},
+        {" ", 10, -13, -17}, {"1", 1, -1, -2}, {"99999999", 99999, -133332, -166665}};
+    // clang-format on
     for (const auto& font : fonts) {
         EXPECT_EQ(EditorFontPointSize(font.size), font.points) << font.size;
         EXPECT_EQ(EditorFontHeight(font.size, 96), font.at96) << font.size;
         EXPECT_EQ(EditorFontHeight(font.size, 120), font.at120) << font.size;
     }
     // Halves go away from zero; a zero divisor or an overflow gives -1.
-    const int mulDivs[][4] = {{5, 3, 2, 8},  {-5, 3, 2, -8},  {5, 3, -2, -8},
-                              {7, 1, 3, 2},  {1, 1, 0, -1},   {1 << 30, 8, 1, -1}};
+    // clang-format off
+    const int mulDivs[][4] = {{5, 3, 2, 8}, {-5, 3, 2, -8}, {5, 3, -2, -8}, {7, 1, 3, 2}, {1, 1, 0, -1},
+        {1 << 30, 8, 1, -1}, {-(1 << 30), 8, 1, -1}, {INT_MIN, 1, 1, INT_MIN}, {INT_MAX, 1, 1, INT_MAX}};
+    // clang-format on
     for (const auto& m : mulDivs)
         EXPECT_EQ(MulDivRounded(m[0], m[1], m[2]), m[3]) << m[0] << "*" << m[1] << "/" << m[2];
 }
@@ -85,102 +89,84 @@ TEST_F(LineLayoutTest, MeasureAndPaintPlanCoverVisibleRowsAndBlankBelowTheText) 
         text += "line " + std::to_string(i) + "\n";
     TestBuffer buffer(text); // 101 lines, the last empty
     MeasureBuffer(*buffer, 645, 479);
-    EXPECT_EQ(buffer->marginColumns, 7);
-    EXPECT_EQ(buffer->windowColumns, 80);
-    EXPECT_EQ(buffer->marginWidth, 56);
-    EXPECT_EQ(buffer->visibleLines, 31);
-    EXPECT_EQ(buffer->visibleColumns, 73);
-    EXPECT_EQ(TextColumnX(*buffer, 0), 56);
-
+    const auto measured = [&] {
+        return std::to_string(buffer->marginColumns) + " " + std::to_string(buffer->windowColumns) +
+               " " + std::to_string(buffer->marginWidth) + " " +
+               std::to_string(buffer->visibleLines) + " " + std::to_string(buffer->visibleColumns) +
+               " " + std::to_string(TextColumnX(*buffer, 3));
+    };
+    EXPECT_EQ(measured(), "7 80 56 31 73 80");
     // A full repaint draws the visible rows and the partial one after them; one line gets
     // no margin; near the end the area below the last line is painted white; scrolled
     // sideways the text is clipped off the margin.
     Measure(*buffer);
-    const auto plan = [&](int32_t from, int32_t to, bool whole) {
+    const auto plan = [&](int32_t top, int32_t from, int32_t to, bool whole) {
+        buffer->topLine = top;
         const PaintPlan p = PlanPaint(*buffer, from, to, whole);
         return std::to_string(p.firstLine) + ".." + std::to_string(p.endLine) +
                (p.margin ? " margin" : "") + (p.clip ? " clip" : "") +
                (p.blankBelow ? " blank from " + std::to_string(p.blankFromRow) : "");
     };
-    buffer->topLine = 10;
-    EXPECT_EQ(plan(0, 101, true), "10..43 margin");
-    EXPECT_EQ(plan(12, 12, false), "12..13");
-    buffer->topLine = 90;
-    EXPECT_EQ(plan(95, 101, true), "95..101 margin blank from 11");
+    EXPECT_EQ(plan(10, 0, 101, true), "10..43 margin");
+    EXPECT_EQ(plan(10, 12, 12, false), "12..13");
+    EXPECT_EQ(plan(69, 0, 101, true), "69..101 margin blank from 32");
+    EXPECT_EQ(plan(70, 0, 101, true), "70..101 margin blank from 31");
+    EXPECT_EQ(plan(90, 50, 60, true), "90..90 margin");
     EXPECT_EQ(BlankBelowRect(*buffer, 11), (PixelRect{56, 165, 648, 495}));
     buffer->leftColumn = 3;
-    EXPECT_EQ(plan(95, 96, false), "95..97 clip");
+    EXPECT_EQ(plan(90, 95, 96, false), "95..97 clip");
     EXPECT_EQ(TextClipRect(*buffer), (PixelRect{56, 0, 640, 495}));
 
     char number[16];
     EXPECT_EQ(LineNumberText(0, number, sizeof number), 5);
     EXPECT_STREQ(number, "    1");
-    LineNumberText(99999, number, sizeof number);
-    EXPECT_STREQ(number, "100000");
+    EXPECT_EQ(LineNumberText(99999, number, 4), 3);
+    EXPECT_STREQ(number, "100");
 
     // Line numbers off: the text starts at the left edge and there is no margin to paint.
     SetLineNumbersShown(false);
     Measure(*buffer);
-    EXPECT_EQ(buffer->visibleColumns, 80);
-    EXPECT_EQ(TextColumnX(*buffer, 3), 0);
+    EXPECT_EQ(measured(), "0 80 0 32 80 0");
     EXPECT_FALSE(PlanPaint(*buffer, 0, 101, true).margin);
     EXPECT_EQ(MarginRect(*buffer), (PixelRect{-1, -1, -1, 495}));
 
     // A zero-sized cell never divides by zero.
     SetFontMetrics(0, 0);
-    EXPECT_EQ(CharWidth(), 1);
-    EXPECT_EQ(LineHeight(), 1);
+    EXPECT_EQ(CharWidth() * LineHeight(), 1);
 }
 
 TEST_F(LineLayoutTest, RowsAreColouredAndSplitAtTheSelection) {
     TestBuffer buffer("entity alu is -- top\nsignal a\n\tend\nlast line");
     buffer->language = &language;
     Measure(*buffer);
-
-    const auto colours = [&](int32_t line) {
-        RowLayout layout;
-        LayOutRow(*buffer, line, layout);
-        std::vector<uint32_t> found;
-        for (int i = 0; i < layout.count; ++i)
-            found.push_back(layout.segments[i].color);
-        return found;
+    // {selection start, end, line, row}: within one line the runs split at its columns and the
+    // selected text is white; over several lines from the start column to the end of the first
+    // line (the row's rest black), whole lines inside, up to the end column on the last line;
+    // an end at column 0 shows nothing on its line, a start at a line's end only the black rest.
+    const struct {
+        TextPos from, to;
+        int32_t line;
+        const char* row;
+    } rows[] = {
+        {{0, 0}, {0, 0}, 0, "[entity]k@0[ alu ]t@6[is]k@11[ ]t@13[-- top]c@14 white 20"},
+        {{0, 3},
+         {0, 9},
+         0,
+         "[ent]k@0[ity]*w@3[ al]*w@6[u ]t@9[is]k@11[ ]t@13[-- top]c@14 white 20"},
+        {{3, 4}, {0, 14}, 1, "[signal a]*w@0 black 8"},
+        {{3, 4}, {0, 14}, 3, "[last]*w@0[ line]t@4 white 9"},
+        {{0, 20}, {2, 0}, 0, "[entity]k@0[ alu ]t@6[is]k@11[ ]t@13[-- top]c@14 black 20"},
+        {{1, 6}, {2, 1}, 2, "[\t]*w@0~[end]k@4 white 7"},
+        {{0, 0}, {0, 0}, 9, " white 0"},
     };
-    EXPECT_EQ(Describe(*buffer, 0), "[entity]@0[ alu ]@6[is]@11[ ]@13[-- top]@14 white");
-    EXPECT_EQ(colours(0), (std::vector<uint32_t>{KeywordColour, TextColour, KeywordColour,
-                                                 TextColour, CommentColour}));
-
-    // A selection inside one line splits the runs at its columns; selected text is white.
-    buffer.Select(MakePos(0, 3), MakePos(0, 9));
-    EXPECT_EQ(Describe(*buffer, 0), "[ent]@0[ity]*@3[ al]*@6[u ]@9[is]@11[ ]@13[-- top]@14 white");
-    EXPECT_EQ(colours(0)[0], KeywordColour);
-    EXPECT_EQ(colours(0)[1], ColorWhite);
-
-    // Over several lines: from the start column to the end of the first line (the row's
-    // rest black), whole lines inside, and up to the end column on the last line.
-    buffer.Select(MakePos(3, 4), MakePos(0, 14));
-    EXPECT_EQ(Describe(*buffer, 0), "[entity]@0[ alu ]@6[is]@11[ ]@13[-- top]*@14 black");
-    EXPECT_EQ(Describe(*buffer, 1), "[signal a]*@0 black");
-    EXPECT_EQ(Describe(*buffer, 2), "[\tend]*@0~ black");
-    EXPECT_EQ(Describe(*buffer, 3), "[last]*@0[ line]@4 white");
-
-    // A selection that ends at column 0 shows nothing on its last line; one that starts at
-    // the end of a line shows only the black rest of the row.
-    buffer.Select(MakePos(0, 20), MakePos(2, 0));
-    EXPECT_EQ(Describe(*buffer, 0), "[entity]@0[ alu ]@6[is]@11[ ]@13[-- top]@14 black");
-    EXPECT_EQ(Describe(*buffer, 2), "[\t]@0~[end]@4 white");
-
+    for (const auto& row : rows) {
+        buffer.Select(row.from, row.to);
+        EXPECT_EQ(Describe(*buffer, row.line), row.row) << row.line;
+    }
     // Colouring off: one black run, still split by the selection.
     editor.settings.options.colors = false;
     buffer.Select(MakePos(1, 2), MakePos(1, 4));
-    EXPECT_EQ(Describe(*buffer, 1), "[si]@0[gn]*@2[al a]@4 white");
-    EXPECT_EQ(colours(1)[0], ColorBlack);
-
-    // An empty line has no segments; its row is filled from column 0.
-    TestBuffer empty("\nx");
-    RowLayout layout;
-    LayOutRow(*empty, 0, layout);
-    EXPECT_EQ(layout.count, 0);
-    EXPECT_EQ(layout.endColumn, 0);
+    EXPECT_EQ(Describe(*buffer, 1), "[si]b@0[gn]*w@2[al a]b@4 white 8");
 }
 
 // For any selection, a row's segments cover the line once in order, exactly the selected
@@ -190,23 +176,19 @@ TEST_F(LineLayoutTest, RandomSelectionsInvertExactlyTheSelectedBytes) {
     const char alphabet[] = "entity is end signal -- x\t\"'ab";
     std::string text;
     for (int line = 0; line < 8; ++line) {
-        if (line > 0) text += '\n';
-        const int length = static_cast<int>(random() % 40);
-        for (int i = 0; i < length; ++i)
+        text += line > 0 ? "\n" : "";
+        for (int i = static_cast<int>(random() % 40); i > 0; --i)
             text += alphabet[random() % (sizeof alphabet - 1)];
     }
     TestBuffer buffer(text);
     buffer->language = &language;
-    Measure(*buffer);
     RowLayout layout;
     for (int round = 0; round < 400; ++round) {
         editor.settings.options.tabSize = 1 + static_cast<int>(random() % 8);
         editor.settings.options.colors = random() % 4 != 0;
         const auto anyPos = [&] {
             const int32_t line = static_cast<int32_t>(random() % 8);
-            const int32_t length =
-                static_cast<int32_t>(std::string_view(buffer->lines.lineText[line]).size());
-            return MakePos(line, static_cast<int32_t>(random() % (length + 1)));
+            return MakePos(line, static_cast<int32_t>(random() % (LineLength(*buffer, line) + 1)));
         };
         buffer.Select(anyPos(), anyPos());
         for (int32_t line = 0; line < 8; ++line) {
@@ -226,7 +208,7 @@ TEST_F(LineLayoutTest, RandomSelectionsInvertExactlyTheSelectedBytes) {
                 }
                 covered += segment.length;
             }
-            EXPECT_EQ(covered, static_cast<int32_t>(std::string_view(chars).size()));
+            EXPECT_EQ(covered, LineLength(*buffer, line));
             EXPECT_EQ(layout.endColumn, DisplayColumn(chars, covered));
             EXPECT_EQ(layout.fillBlack,
                       buffer->selStart.line <= line && line < buffer->selEnd.line);
@@ -234,29 +216,23 @@ TEST_F(LineLayoutTest, RandomSelectionsInvertExactlyTheSelectedBytes) {
     }
 }
 
-TEST_F(LineLayoutTest, TabsExpandFromTheTextsOwnColumnZero) {
+TEST_F(LineLayoutTest, TabsExpandFromTheTextsOwnColumnZeroAndTheCaretFollows) {
     editor.settings.options.tabSize = 4;
     TestBuffer buffer("\tend x\tis\nab\tc");
     buffer->language = &language;
     Measure(*buffer);
-
-    EXPECT_EQ(Describe(*buffer, 0), "[\t]@0~[end]@4[ x\t]@7~[is]@12 white");
-    RowLayout layout;
-    LayOutRow(*buffer, 1, layout);
-    EXPECT_EQ(layout.endColumn, 5);
+    EXPECT_EQ(Describe(*buffer, 0), "[\t]t@0~[end]k@4[ x\t]t@7~[is]k@12 white 14");
+    // A selection inside a tabbed run keeps each piece's own column.
+    buffer.Select(MakePos(0, 5), MakePos(0, 8));
+    EXPECT_EQ(Describe(*buffer, 0), "[\t]t@0~[end]k@4[ ]t@7[x\t]*w@8~[i]*w@12[s]k@13 white 14");
 
     // Scrolled by 2 columns, the tab origin moves with the text, so a leading tab still
     // ends on a multiple of the tab size from the text's start.
     buffer->leftColumn = 2;
     EXPECT_EQ(TabStopWidth(), 32);
     EXPECT_EQ(TabOriginX(*buffer), (7 - 2) * 8);
-    EXPECT_EQ(TextColumnX(*buffer, 4) - TabOriginX(*buffer), 4 * 8);
     // The row's rest starts after the text and reaches one pixel into the next row.
-    EXPECT_EQ(RowFillRect(*buffer, 1, layout.endColumn), (PixelRect{80, 15, 648, 31}));
-
-    // A selection inside a tabbed run keeps each piece's own column.
-    buffer.Select(MakePos(0, 5), MakePos(0, 8));
-    EXPECT_EQ(Describe(*buffer, 0), "[\t]@0~[end]@4[ ]@7[x\t]*@8~[i]*@12[s]@13 white");
+    EXPECT_EQ(RowFillRect(*buffer, 1, 5), (PixelRect{80, 15, 648, 31}));
 
     // The caret follows the screen column; scrolled sideways it sits at the margin's edge at
     // the left column, and left of it out of sight rather than at column 0.
@@ -269,11 +245,8 @@ TEST_F(LineLayoutTest, TabsExpandFromTheTextsOwnColumnZero) {
     EXPECT_EQ(CaretWidth(), 2);
     editor.engine.overwriteMode = true;
     EXPECT_EQ(CaretWidth(), 8);
-
-    editor.settings.options.tabSize = 8;
-    EXPECT_EQ(Describe(*buffer, 1), "[ab\tc]@0~ white");
-    LayOutRow(*buffer, 1, layout);
-    EXPECT_EQ(layout.endColumn, 9);
+    editor.settings.options.tabSize = 0; // taken as 1
+    EXPECT_EQ(Describe(*buffer, 1), "[ab\tc]t@0~ white 4");
 }
 
 // A compiler error list owned by one buffer, as the compiler support installs it.
@@ -281,23 +254,26 @@ const EditBuffer* errorOwner = nullptr;
 std::vector<MarginError> errorEntries;
 
 TEST_F(LineLayoutTest, ErrorMarkersOfTheOwningBufferOnPaintedLines) {
-    std::string text;
-    for (int i = 0; i < 60; ++i)
-        text += "x\n";
-    TestBuffer buffer(text);
-    TestBuffer other(text, false);
+    TestBuffer buffer(std::string(60, '\n'));
+    TestBuffer other(std::string(60, '\n'), false);
     Measure(*buffer);
     Measure(*other);
     buffer->topLine = 5;
-
     errorOwner = buffer.get();
-    errorEntries = {{3, 1, 0}, {8, 2, 2}, {9, 3, 0}, {40, 4, 0}, {0, -1, 0}, {10, 6, 0}};
+    errorEntries = {{3, 1, 0},  {8, 2, 2},  {9, 3, 0}, {40, 4, 0},
+                    {38, 5, 2}, {0, -1, 0}, {10, 6, 0}};
     ErrorMarker markers[16];
-    const auto count = [&](EditBuffer& b, int32_t from, int32_t to, bool whole) {
-        return CollectErrorMarkers(b, PlanPaint(b, from, to, whole), markers, 16);
+    const auto collect = [&](EditBuffer& b, int32_t from, int32_t to, bool whole, int room = 16) {
+        std::string found;
+        const int count = CollectErrorMarkers(b, PlanPaint(b, from, to, whole), markers, room);
+        for (int i = 0; i < count; ++i)
+            found +=
+                std::to_string(markers[i].line) + (markers[i].color == ColorYellow        ? "w "
+                                                   : markers[i].color == ColorMarginError ? "e "
+                                                                                          : "? ");
+        return found;
     };
-    const PaintPlan full = PlanPaint(*buffer, 0, 60, true);
-    EXPECT_EQ(count(*buffer, 0, 60, true), 0); // no source installed
+    EXPECT_EQ(collect(*buffer, 0, 60, true), ""); // no source installed
 
     editor.engine.display.errorSource = [](const EditBuffer& b, int32_t i, MarginError& entry) {
         if (&b != errorOwner || i < 0 || i >= static_cast<int32_t>(errorEntries.size()))
@@ -305,64 +281,58 @@ TEST_F(LineLayoutTest, ErrorMarkersOfTheOwningBufferOnPaintedLines) {
         entry = errorEntries[static_cast<size_t>(i)];
         return true;
     };
-    // Line 3 is above the view, line 40 below it, line 10 after the closing entry.
-    ASSERT_EQ(count(*buffer, 0, 60, true), 2);
-    EXPECT_EQ(markers[0].line, 7);
-    EXPECT_EQ(markers[0].color, ColorYellow);
-    EXPECT_EQ(markers[1].line, 8);
-    EXPECT_EQ(markers[1].color, ColorMarginError);
+    // Line 3 is above the view, line 40 below it, line 10 after the closing entry; the row
+    // after the last full one is painted too.
+    EXPECT_EQ(collect(*buffer, 0, 60, true), "7w 8e 37w ");
     EXPECT_EQ(ErrorMarkerBox(*buffer, 7), (PixelRect{3, 30, 13, 40}));
-    EXPECT_EQ(CollectErrorMarkers(*buffer, full, markers, 1), 1);
-
+    EXPECT_EQ(collect(*buffer, 0, 60, true, 1), "7w ");
     // Only the painted lines, only the owner, only when the margin is painted.
-    EXPECT_EQ(count(*buffer, 8, 20, true), 1);
-    EXPECT_EQ(count(*other, 0, 60, true), 0);
-    EXPECT_EQ(count(*buffer, 0, 60, false), 0);
+    EXPECT_EQ(collect(*buffer, 8, 36, true), "8e ");
+    EXPECT_EQ(collect(*other, 0, 60, true), "");
+    EXPECT_EQ(collect(*buffer, 0, 60, false), "");
     // -2 closes the list as well.
     errorEntries[1].resultLine = -2;
-    EXPECT_EQ(count(*buffer, 0, 60, true), 0);
-    errorEntries[1].resultLine = 2;
-    SetLineNumbersShown(false);
-    Measure(*buffer);
-    EXPECT_EQ(count(*buffer, 0, 60, true), 0);
+    EXPECT_EQ(collect(*buffer, 0, 60, true), "");
 }
 
 TEST_F(LineLayoutTest, FoundTextIsDrawnOnceAndTakenAwayByTheNext) {
     editor.settings.options.tabSize = 4;
     TestBuffer buffer("first\tline\nsecond line\nthird");
     Measure(*buffer);
-
+    const auto shown = [&] {
+        std::string calls;
+        for (const auto& f : host.foundTexts)
+            calls += "draw " + std::to_string(f.line) + ":" + std::to_string(f.startColumn) + "-" +
+                     std::to_string(f.endColumn) + " ";
+        for (const auto& [b, line] : host.redrawnLines)
+            calls += "redraw " + std::to_string(line) + " ";
+        host.foundTexts.clear();
+        host.redrawnLines.clear();
+        return calls;
+    };
     ShowFoundText(*buffer, MakePos(0, 6), MakePos(0, 10));
-    ASSERT_EQ(host.foundTexts.size(), 1u);
-    EXPECT_EQ(host.foundTexts[0].line, 0);
-    EXPECT_EQ(host.foundTexts[0].startColumn, 6);
-    EXPECT_EQ(host.foundTexts[0].endColumn, 10);
-    EXPECT_TRUE(host.redrawnLines.empty());
+    EXPECT_EQ(shown(), "draw 0:6-10 ");
     const RowSegment segment = InvertedSegment(*buffer, 0, 6, 10);
     EXPECT_EQ(segment.displayColumn, 8); // after the tab
     EXPECT_EQ(segment.length, 4);
-    EXPECT_TRUE(segment.inverted);
+    EXPECT_TRUE(segment.inverted && !segment.hasTabs);
+    EXPECT_EQ(InvertedSegment(*buffer, 0, -3, 99).length, 10);
+    EXPECT_TRUE(InvertedSegment(*buffer, 0, 4, 6).hasTabs);
 
-    // The next match first redraws the old line normally.
+    // The next match first redraws the old line normally; a match over two lines is not
+    // highlighted, but the old one still goes.
     ShowFoundText(*buffer, MakePos(1, 0), MakePos(1, 6));
-    ASSERT_EQ(host.redrawnLines.size(), 1u);
-    EXPECT_EQ(host.redrawnLines[0].second, 0);
-    EXPECT_EQ(host.foundTexts.size(), 2u);
-
-    // A match over two lines is not highlighted; the old one still goes.
+    EXPECT_EQ(shown(), "draw 1:0-6 redraw 0 ");
     ShowFoundText(*buffer, MakePos(1, 7), MakePos(2, 2));
-    EXPECT_EQ(host.redrawnLines.size(), 2u);
-    EXPECT_EQ(host.redrawnLines[1].second, 1);
-    EXPECT_EQ(host.foundTexts.size(), 2u);
+    EXPECT_EQ(shown(), "redraw 1 ");
     HideFoundText();
-    EXPECT_EQ(host.redrawnLines.size(), 2u);
-
+    EXPECT_EQ(shown(), "");
     // Columns are kept inside the line; a closed window is not redrawn.
     ShowFoundText(*buffer, MakePos(2, 3), MakePos(2, 99));
-    EXPECT_EQ(host.foundTexts.back().endColumn, 5);
+    EXPECT_EQ(shown(), "draw 2:3-5 ");
     buffer->closedFlags |= ClosedFlagWindowGone;
     HideFoundText();
-    EXPECT_EQ(host.redrawnLines.size(), 2u);
+    EXPECT_EQ(shown(), "");
     EXPECT_FALSE(editor.engine.display.found.shown);
 }
 
