@@ -97,36 +97,32 @@ TEST_F(TransactionLogTest, StepsThatNoLongerMatchTheTextAreRefused) {
     EXPECT_EQ(buffer.Text(), "alpha\ndelta");
 }
 
-TEST_F(TransactionLogTest, AnUndoThatCannotBeAppliedClearsTheHistory) {
-    TestBuffer buffer("ab");
-    Replace(buffer, MakePos(0, 0), MakePos(0, 1), "");
-    // The line grows behind the log's back; the deleted "a" no longer fits.
-    ASSERT_EQ(ReplaceLine(*buffer, "b" + std::string(254, 'x'), 0), 1);
-    EXPECT_EQ(UndoTransaction(), 1);
-    EXPECT_EQ(host.ErrorBoxTexts(), "Impossible that this undo transaction failed\n"
-                                    "Transaction ignored; undo-redo history cleared\n");
-    EXPECT_EQ(buffer.Text(), "b" + std::string(254, 'x'));
-    EXPECT_EQ(buffer.LoggedTransactions(), 0);
-}
-
-TEST_F(TransactionLogTest, AnEditThatMakesALineTooLongIsDroppedAlone) {
+TEST_F(TransactionLogTest, EditsThatCannotBeAppliedAreDroppedWithTheirMessage) {
+    // Joining the 129- and 128-byte lines would give 257 bytes: that edit alone is dropped.
     TestBuffer buffer(std::string(128, 'a') + "\n" + std::string(128, 'b'));
     Type(buffer, 'x');
     const std::string before = buffer.Text();
-    // Joining the 129- and 128-byte lines would give 257 bytes.
     Replace(buffer, MakePos(0, 129), MakePos(1, 0), "");
     EXPECT_EQ(host.ErrorBoxTexts(), TooLong);
     EXPECT_EQ(buffer.Text(), before);
     EXPECT_EQ(buffer.LoggedTransactions(), 1);
-}
 
-TEST_F(TransactionLogTest, ABackwardsRangeInsertsAtItsStartAndDeletesNothing) {
-    TestBuffer buffer("abcdef\nghi");
-    Replace(buffer, MakePos(1, 2), MakePos(0, 1), "X");
-    EXPECT_EQ(buffer.Text(), "abcdef\nghXi");
-    EXPECT_STREQ(OldText(buffer->undoTail), "");
+    // The line grows behind the log's back; the deleted "x" no longer fits.
+    host.boxes.clear();
+    Replace(buffer, MakePos(0, 0), MakePos(0, 1), "");
+    ASSERT_EQ(ReplaceLine(*buffer, std::string(255, 'a'), 0), 1);
+    EXPECT_EQ(UndoTransaction(), 1);
+    EXPECT_EQ(host.ErrorBoxTexts(), "Impossible that this undo transaction failed\n"
+                                    "Transaction ignored; undo-redo history cleared\n");
+    EXPECT_EQ(buffer.LoggedTransactions(), 0);
+
+    // A backwards range inserts at its start and deletes nothing.
+    TestBuffer backwards("abcdef\nghi");
+    Replace(backwards, MakePos(1, 2), MakePos(0, 1), "X");
+    EXPECT_EQ(backwards.Text(), "abcdef\nghXi");
+    EXPECT_STREQ(OldText(backwards->undoTail), "");
     EXPECT_EQ(UndoTransaction(), 0);
-    EXPECT_EQ(buffer.Text(), "abcdef\nghi");
+    EXPECT_EQ(backwards.Text(), "abcdef\nghi");
 }
 
 TEST_F(TransactionLogTest, ReadOnlyBuffersIgnoreTextChangesButNotCaretMoves) {
@@ -215,39 +211,27 @@ TEST_F(TransactionLogTest, ScrollCodesKeepTheCaretInView) {
     TestBuffer buffer(text + "\t\tdeep");
     buffer->visibleLines = 10;
     buffer->visibleColumns = 20;
-    struct Case {
-        int32_t line, topCode, expectedTop;
-    };
-    // ScrollKeep never leaves the caret below the window.
-    for (const Case& c : {Case{50, ScrollShow, 41},
-                          {45, ScrollShow, 41},
-                          {30, ScrollShow, 30},
-                          {35, ScrollCentreIfHidden, 30},
-                          {70, ScrollCentreIfHidden, 65},
-                          {68, ScrollCentre, 63},
-                          {2, ScrollCentre, 0},
-                          {40, ScrollKeep, 31},
-                          {40, 5, 31},
-                          {40, 35, 35}}) {
-        MoveCaret(buffer, MakePos(c.line, 0), ScrollTarget{c.topCode, ScrollKeep});
-        EXPECT_EQ(buffer->topLine, c.expectedTop) << c.line << " " << c.topCode;
+    // {caret line, top code, top after}: ScrollKeep never leaves the caret below the window.
+    // clang-format off
+    const int32_t lines[][3] = {{50, ScrollShow, 41}, {45, ScrollShow, 41}, {30, ScrollShow, 30},
+        {29, ScrollShow, 29}, {35, ScrollCentreIfHidden, 29}, {38, ScrollCentreIfHidden, 29},
+        {39, ScrollCentreIfHidden, 34}, {70, ScrollCentreIfHidden, 65}, {68, ScrollCentre, 63},
+        {2, ScrollCentre, 0}, {40, ScrollKeep, 31}, {40, 5, 31}, {40, 35, 35}, {0, 35, 35}};
+    // clang-format on
+    for (const auto& c : lines) {
+        MoveCaret(buffer, MakePos(c[0], 0), ScrollTarget{c[1], ScrollKeep});
+        EXPECT_EQ(buffer->topLine, c[2]) << c[0] << " " << c[1];
     }
-
-    // Columns: the caret's screen column (tab-expanded column 6 is 12) on the line before.
+    // Columns: the caret's screen column (tab-expanded column 6 is 12) on the line before;
+    // one past the edge is allowed with a given value.
     MoveCaret(buffer, MakePos(100, 6));
     EXPECT_EQ(buffer->leftColumn, 0);
     buffer->visibleColumns = 5;
-    struct ColumnCase {
-        int32_t column, leftCode, expectedLeft;
-    };
-    // One past the edge is allowed with a given value.
-    for (const ColumnCase& c : {ColumnCase{6, ScrollShow, 8},
-                                {0, ScrollShow, 0},
-                                {6, 7, 7},
-                                {6, 3, 8},
-                                {2, ScrollKeep, 8}}) {
-        MoveCaret(buffer, MakePos(100, c.column), ScrollTarget{ScrollKeep, c.leftCode});
-        EXPECT_EQ(buffer->leftColumn, c.expectedLeft) << c.column << " " << c.leftCode;
+    const int32_t columns[][3] = {{6, ScrollShow, 8}, {0, ScrollShow, 0}, {6, 7, 7},
+                                  {6, 3, 8},          {2, ScrollKeep, 8}, {6, 12, 12}};
+    for (const auto& c : columns) {
+        MoveCaret(buffer, MakePos(100, c[0]), ScrollTarget{ScrollKeep, c[1]});
+        EXPECT_EQ(buffer->leftColumn, c[2]) << c[0] << " " << c[1];
     }
     EXPECT_TRUE(host.boxes.empty());
 
