@@ -30,114 +30,77 @@ class LanguageTableTest : public EditorTest {
     }
 };
 
-TEST_F(LanguageTableTest, MissingKeysTakeTheirDefaults) {
-    // The default colours and typefaces show in what is saved back, tested below.
-    host.SetProfile("Languages", "1", "VHDL");
-    LoadLanguages();
-    EXPECT_EQ(UsedLanguageCount(), 2);
-    EXPECT_EQ(LanguageEntry(0).filter, "All files(*.*)|*.*|");
-    const LanguageDef& vhdl = LanguageEntry(1);
-    EXPECT_EQ(vhdl.filter, ""); // only "None" gets a default filter
-    EXPECT_EQ(vhdl.extensions, "");
-    EXPECT_TRUE(vhdl.caseSensitive);
-    EXPECT_EQ(vhdl.groups[1].attribute.color, MakeColor(0, 0, 255));
-    EXPECT_FALSE(HasStartupErrors()); // an empty File is no error
+// The writes of the "VHDL" section after "[Languages] 1=VHDL", as "key=value" joined by blanks.
+std::string SavedSection(const std::vector<std::string>& writes) {
+    std::string saved;
+    for (const std::string& write : writes)
+        if (write.rfind("[VHDL] ", 0) == 0) saved += write.substr(7) + " ";
+    return saved;
 }
 
-TEST_F(LanguageTableTest, EveryKeyIsReadAndCutToItsLimit) {
-    host.SetProfile("Languages", "1", "Verilog");
-    host.SetProfile("None", "Filter", "Text|*.txt|");
-    host.SetProfile("Verilog", "CaseSensitive", "no");
-    host.SetProfile("Verilog", "LineComment", "////");
-    host.SetProfile("Verilog", "BeginComment", "/*");
-    host.SetProfile("Verilog", "EndComment", "*/");
-    host.SetProfile("Verilog", "Extension", std::string(100, 'v'));
-    host.SetProfile("Verilog", "Filter", "Verilog|*.v|");
-    host.SetProfile("Verilog", "TextColor", "1 2 3");
-    host.SetProfile("Verilog", "TextTypeFace", "4");
-    host.SetProfile("Verilog", "CommentColor", "10 20 30");
-    host.SetProfile("Verilog", "StringsTypeFace", "0");
-    host.SetProfile("Verilog", "ExpanderColor", "7 8 9");
-    host.SetProfile("Verilog", "ExpanderTypeFace", "6");
-    LoadLanguages();
-
-    EXPECT_EQ(LanguageEntry(0).filter, "Text|*.txt|");
-    const LanguageDef& verilog = LanguageEntry(1);
-    EXPECT_FALSE(verilog.caseSensitive);
-    EXPECT_EQ(verilog.lineComment, "///");
-    EXPECT_EQ(verilog.beginComment, "/*");
-    EXPECT_EQ(verilog.endComment, "*/");
-    EXPECT_EQ(verilog.extensions, std::string(79, 'v'));
-    EXPECT_EQ(verilog.filter, "Verilog|*.v|");
-    EXPECT_EQ(verilog.text.color, MakeColor(1, 2, 3));
-    EXPECT_EQ(verilog.text.typeface, 4);
-    EXPECT_EQ(verilog.comment.color, MakeColor(10, 20, 30));
-    EXPECT_EQ(verilog.comment.typeface, 2);
-    EXPECT_EQ(verilog.strings.typeface, 0);
-    EXPECT_EQ(verilog.expander.color, MakeColor(7, 8, 9));
-    EXPECT_EQ(verilog.expander.typeface, 6);
-}
-
-TEST_F(LanguageTableTest, OptionsFilePathIsExpandedAndAMissingFileIsReported) {
+TEST_F(LanguageTableTest, MissingKeysTakeTheirDefaultsAndSaveWritesEveryKeyInItsOrder) {
     host.SetProfile("Languages", "1", "VHDL");
-    host.SetProfile("VHDL", "File", "$INSTALL\\nowhere\\vhdl.lsf");
-    LoadLanguages();
-
-    // The language exists with what was read before the file was needed.
-    EXPECT_EQ(LanguageEntry(1).name, "VHDL");
-    EXPECT_EQ(LanguageEntry(1).optionsFile, "C:\\ruvo\\nowhere\\vhdl.lsf");
-    EXPECT_EQ(editor.settings.startupErrors.errorCount, 1);
-}
-
-TEST_F(LanguageTableTest, SaveWritesEveryKeyInItsOrderAndEmptiesTheRestOfTheList) {
-    host.SetProfile("Languages", "1", "VHDL");
-    host.SetProfile("VHDL", "CaseSensitive", "no");
-    host.SetProfile("VHDL", "LineComment", "--");
-    host.SetProfile("VHDL", "Extension", "vhd,vhdl");
     host.SetProfile("VHDL", "Color3", "9 9 9");
     LoadLanguages();
-    host.profileWrites.clear();
-
+    EXPECT_EQ(UsedLanguageCount(), 2);
+    EXPECT_FALSE(HasStartupErrors()); // an empty File is no error
     SaveLanguages();
-
-    const std::vector<std::string> vhdl = {
-        "[Languages] 1=VHDL",
-        "[VHDL] File=",
-        "[VHDL] CaseSensitive=no",
-        "[VHDL] BeginComment=",
-        "[VHDL] EndComment=",
-        "[VHDL] LineComment=--",
-        "[VHDL] TextColor=0 0 0",
-        "[VHDL] TextTypeFace=0",
-        "[VHDL] CommentColor=0 128 0",
-        "[VHDL] CommentTypeFace=2",
-        "[VHDL] StringsColor=0 0 255",
-        "[VHDL] StringsTypeFace=1",
-        "[VHDL] ExpanderColor=0 0 255",
-        "[VHDL] ExpanderTypeFace=0",
-        "[VHDL] Color1=255 0 0",
-        "[VHDL] Typeface1=1",
-        "[VHDL] Color2=0 0 255",
-        "[VHDL] Typeface2=3",
-        // An empty File means the group colours were never read: they stay at their defaults.
-        "[VHDL] Color3=0 128 0",
-        "[VHDL] Typeface3=0",
-        "[VHDL] Color4=0 0 0",
-        "[VHDL] Typeface4=0",
-        "[VHDL] Color5=0 0 0",
-        "[VHDL] Typeface5=0",
-        "[VHDL] Extension=vhd,vhdl",
-        "[VHDL] Filter=",
-    };
     const std::vector<std::string>& writes = host.profileWrites;
-    ASSERT_EQ(writes.size(), 2 * vhdl.size() + 4);
+    // "None" first with the default filter (only it has one), then the language, then the
+    // rest of the list emptied. An empty File means the group colours were never read.
+    ASSERT_EQ(writes.size(), 2 * 26u + 4);
     EXPECT_EQ(writes[0], "[Languages] 0=None");
-    EXPECT_EQ(writes[1], "[None] File=");
-    EXPECT_EQ(writes[vhdl.size() - 1], "[None] Filter=All files(*.*)|*.*|");
-    EXPECT_EQ(std::vector<std::string>(writes.begin() + vhdl.size(), writes.end() - 4), vhdl);
+    EXPECT_EQ(writes[25], "[None] Filter=All files(*.*)|*.*|");
+    EXPECT_EQ(writes[26], "[Languages] 1=VHDL");
+    EXPECT_EQ(SavedSection(writes),
+              "File= CaseSensitive=yes BeginComment= EndComment= LineComment= TextColor=0 0 0 "
+              "TextTypeFace=0 CommentColor=0 128 0 CommentTypeFace=2 StringsColor=0 0 255 "
+              "StringsTypeFace=1 ExpanderColor=0 0 255 ExpanderTypeFace=0 Color1=255 0 0 "
+              "Typeface1=1 Color2=0 0 255 Typeface2=3 Color3=0 128 0 Typeface3=0 Color4=0 0 0 "
+              "Typeface4=0 Color5=0 0 0 Typeface5=0 Extension= Filter= ");
     EXPECT_EQ(std::vector<std::string>(writes.end() - 4, writes.end()),
               (std::vector<std::string>{
                   "[Languages] 2=", "[Languages] 3=", "[Languages] 4=", "[Languages] 5="}));
+}
+
+TEST_F(LanguageTableTest, EveryKeyIsReadCutToItsLimitAndWrittenBack) {
+    const std::pair<const char*, std::string> keys[] = {{"CaseSensitive", "no"},
+                                                        {"BeginComment", "/*"},
+                                                        {"EndComment", "*/"},
+                                                        {"LineComment", "////"},
+                                                        {"TextColor", "1 2 3"},
+                                                        {"TextTypeFace", "4"},
+                                                        {"CommentColor", "10 20 30"},
+                                                        {"CommentTypeFace", "3"},
+                                                        {"StringsColor", "5 6 7"},
+                                                        {"StringsTypeFace", "0"},
+                                                        {"ExpanderColor", "7 8 9"},
+                                                        {"ExpanderTypeFace", "6"},
+                                                        {"Extension", std::string(100, 'v')},
+                                                        {"Filter", "VHDL|*.vhd|"}};
+    host.SetProfile("Languages", "1", "VHDL");
+    host.SetProfile("None", "Filter", "Text|*.txt|");
+    for (const auto& [key, value] : keys)
+        host.SetProfile("VHDL", key, value);
+    LoadLanguages();
+    EXPECT_EQ(LanguageEntry(0).filter, "Text|*.txt|");
+    host.profileWrites.clear();
+    SaveLanguages();
+    EXPECT_EQ(SavedSection(host.profileWrites),
+              "File= CaseSensitive=no BeginComment=/* EndComment=*/ LineComment=/// "
+              "TextColor=1 2 3 TextTypeFace=4 CommentColor=10 20 30 CommentTypeFace=3 "
+              "StringsColor=5 6 7 StringsTypeFace=0 ExpanderColor=7 8 9 ExpanderTypeFace=6 "
+              "Color1=255 0 0 Typeface1=1 Color2=0 0 255 Typeface2=3 Color3=0 128 0 Typeface3=0 "
+              "Color4=0 0 0 Typeface4=0 Color5=0 0 0 Typeface5=0 Extension=" +
+                  std::string(79, 'v') + " Filter=VHDL|*.vhd| ");
+
+    // The options file path is expanded; a missing file is reported and the language keeps
+    // what was read before the file was needed.
+    host.SetProfile("VHDL", "File", "$INSTALL\\nowhere\\vhdl.lsf");
+    LoadLanguages();
+    EXPECT_EQ(LanguageEntry(1).optionsFile, "C:\\ruvo\\nowhere\\vhdl.lsf");
+    EXPECT_EQ(LanguageEntry(1).lineComment, "///");
+    EXPECT_EQ(editor.settings.startupErrors.errorCount, 1);
 }
 
 TEST_F(LanguageTableTest, LastExtensionMustMatchExactlyOthersArePrefixes) {
@@ -169,20 +132,14 @@ TEST_F(LanguageTableTest, LastExtensionMustMatchExactlyOthersArePrefixes) {
     EXPECT_EQ(languageForFile("x.vhd"), &LanguageEntry(1));
 }
 
-TEST_F(LanguageTableTest, NameEndingInADotHasAnEmptyExtension) {
+TEST_F(LanguageTableTest, AnEmptyLastElementMatchesANameEndingInADotAndTheFirstMatchWins) {
     // Only an empty last element equals the empty extension; a name without a dot has none.
-    Languages({{"VHDL", "vhd,vhdl"}, {"Notes", "txt,"}});
-    EXPECT_EQ(LanguageOf("a."), "Notes");
-    EXPECT_EQ(LanguageOf("dir.x\\a."), "Notes");
-    EXPECT_EQ(LanguageOf("a"), "None");
-    EXPECT_EQ(LanguageOf("dir.x\\a"), "None");
-    EXPECT_EQ(LanguageOf("a.txt"), "Notes");
-}
-
-TEST_F(LanguageTableTest, SingleElementListIsExactAndTheFirstMatchingLanguageWins) {
-    Languages({{"Short", "vhd"}, {"Long", "vhd,vhdx"}});
-    EXPECT_EQ(LanguageOf("a.vhdl"), "Long"); // only through the prefix rule of "Long"
-    EXPECT_EQ(LanguageOf("a.vhd"), "Short");
+    Languages({{"Short", "vhd"}, {"Long", "vhd,vhdx"}, {"Notes", "txt,"}});
+    const std::pair<const char*, const char*> cases[] = {
+        {"a.", "Notes"},    {"dir.x\\a.", "Notes"}, {"a", "None"},     {"dir.x\\a", "None"},
+        {"a.txt", "Notes"}, {"a.vhdl", "Long"},     {"a.vhd", "Short"}};
+    for (const auto& [file, language] : cases)
+        EXPECT_EQ(LanguageOf(file), language) << file;
 }
 
 TEST_F(LanguageTableTest, RestoreBringsBackNamesColoursAndKeywords) {
