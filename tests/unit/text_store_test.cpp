@@ -13,101 +13,91 @@ namespace ruvo {
 namespace {
 
 using TextStoreTest = EditorTest;
+const std::string H200(200, 'h');
 
-std::string Line(const TestBuffer& buffer, int line) {
-    return const_cast<TestBuffer&>(buffer)->lines.lineText[line];
-}
-
-TEST_F(TextStoreTest, InsertedLineFeedsSplitTheLineAndLoneCarriageReturnsStay) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"a\nb", "first\nxya\nbz\nlast"},
-        {"a\r\nb", "first\nxya\nbz\nlast"},
-        {"a\rb", "first\nxya\rbz\nlast"},
-        {"1\n2\r\n3\n\n4", "first\nxy1\n2\n3\n\n4z\nlast"},
+TEST_F(TextStoreTest, InsertionSplitsAtLineFeedsAndStopsAtTheLineLimit) {
+    // {line, column, text, inserted, line after}: lone carriage returns stay, the one before a
+    // line feed goes but counts toward the limit; head plus first piece and last piece plus tail
+    // count; a middle line that would be too long refuses the whole insertion.
+    const std::string t50(50, 't'), t55(55, 't'), p55(55, 'p'), q200(200, 'q');
+    const struct {
+        std::string line;
+        int32_t column;
+        std::string text;
+        int inserted;
+        std::string after;
+    } cases[] = {
+        {"xyz", 1, "a\nb", 1, "xa\nbyz"},
+        {"xyz", 1, "a\r\nb", 1, "xa\nbyz"},
+        {"xyz", 1, "a\rb", 1, "xa\rbyz"},
+        {"xyz", 1, "1\n2\r\n3\n\n4", 1, "x1\n2\n3\n\n4yz"},
+        {"xyz", 1, "", 1, "xyz"},
+        {H200 + t50, 200, "12345", 1, H200 + "12345" + t50},
+        {H200 + t50, 200, "123456", 0, H200 + t50},
+        {H200 + t55, 200, p55 + "p\n", 0, H200 + t55},
+        {H200 + t55, 200, p55 + "\n", 1, H200 + p55 + "\n" + t55},
+        {t55, 0, "\nq" + q200, 0, t55},
+        {t55, 0, "\n" + q200, 1, "\n" + q200 + t55},
+        {H200, 200, p55 + "\r\nz", 0, H200},
+        {H200, 200, p55 + "\nz", 1, H200 + p55 + "\nz"},
+        {"ab", 1, "1\n" + std::string(256, 'm') + "\n2", 0, "ab"},
     };
-    for (const auto& [text, expected] : cases) {
-        TestBuffer buffer("first\nxyz\nlast");
+    for (const auto& c : cases) {
+        TestBuffer buffer("first\n" + c.line);
         buffer->lines.modified = 0;
-        ASSERT_EQ(InsertText(*buffer, text, 1, 2), 1);
-        EXPECT_EQ(buffer.Text(), expected);
-        EXPECT_EQ(buffer->lines.modified, 1);
+        EXPECT_EQ(InsertText(*buffer, c.text, 1, c.column), c.inserted) << c.text.size();
+        EXPECT_EQ(buffer.Text(), "first\n" + c.after) << c.text.size();
+        EXPECT_EQ(buffer->lines.modified, c.inserted == 1 && !c.text.empty() ? 1 : 0);
     }
+    TestBuffer buffer("ab");
+    EXPECT_EQ(InsertText(*buffer, "x", 1, 0), 0); // a line past the end
     EXPECT_EQ(EndOfInsertion(MakePos(1, 1), "1\n2\r\n3\n\n4"), MakePos(5, 1));
     EXPECT_EQ(EndOfInsertion(MakePos(3, 7), "abc"), MakePos(3, 10));
 
-    // Empty text is a success that changes nothing; a line past the end is refused.
-    TestBuffer buffer("ab");
-    buffer->lines.modified = 0;
-    EXPECT_EQ(InsertText(*buffer, "", 0, 0), 1);
-    EXPECT_EQ(buffer->lines.modified, 0);
-    EXPECT_EQ(InsertText(*buffer, "x", 9, 0), 0);
-}
-
-TEST_F(TextStoreTest, ExactInsertionKeepsEveryCarriageReturn) {
-    TestBuffer buffer("xyz");
+    // Exact insertion keeps every carriage return.
     ASSERT_EQ(InsertExactText(*buffer, "a\r\nb\r", 0, 1), 1);
-    EXPECT_EQ(buffer.Text(), "xa\r\nb\ryz");
+    EXPECT_EQ(buffer.Text(), "aa\r\nb\rb");
     EXPECT_EQ(RangeText(*buffer, MakePos(0, 1), MakePos(1, 2)), "a\r\nb\r");
-    EXPECT_TRUE(TextStandsAt(*buffer, MakePos(0, 1), "a\r\nb\r"));
     EXPECT_EQ(StoredText("a\r\nb\r\r\n\rc\r"), "a\nb\r\n\rc\r");
     EXPECT_EQ(InsertExactText(*buffer, std::string(255, 'w') + "\n", 0, 1), 0);
     EXPECT_EQ(InsertExactText(*buffer, std::string(254, 'w') + "\n", 0, 1), 1);
 }
 
-TEST_F(TextStoreTest, InsertionStopsAtTheLineLimit) {
-    TestBuffer buffer(std::string(250, 'a'));
-    EXPECT_EQ(InsertText(*buffer, "bcdef", 0, 100), 1); // exactly 255
-    EXPECT_EQ(Line(buffer, 0).size(), 255u);
-    buffer->lines.modified = 0;
-    EXPECT_EQ(InsertText(*buffer, "x", 0, 0), 0); // would be 256
-    EXPECT_EQ(Line(buffer, 0).size(), 255u);
-    EXPECT_EQ(buffer->lines.modified, 0);
-
-    // With line feeds the head plus the first piece and the last piece plus the tail count.
-    TestBuffer split(std::string(200, 'h') + std::string(100, 't').substr(0, 55));
-    EXPECT_EQ(InsertText(*split, std::string(56, 'p') + "\n", 0, 200), 0);
-    EXPECT_EQ(InsertText(*split, std::string(55, 'p') + "\n", 0, 200), 1);
-    EXPECT_EQ(split->lines.lineCount, 2);
-    EXPECT_EQ(Line(split, 0).size(), 255u);
-    EXPECT_EQ(InsertText(*split, "\n" + std::string(201, 'q'), 1, 0), 0);
-    EXPECT_EQ(InsertText(*split, "\n" + std::string(200, 'q'), 1, 0), 1);
-    EXPECT_EQ(Line(split, 2).size(), 255u);
-
-    // The carriage return before the first line feed is counted, though it is not stored.
-    TestBuffer strict(std::string(200, 'h'));
-    EXPECT_EQ(InsertText(*strict, std::string(55, 'p') + "\r\nz", 0, 200), 0);
-    EXPECT_EQ(strict.Text(), std::string(200, 'h'));
-    EXPECT_EQ(InsertText(*strict, std::string(55, 'p') + "\nz", 0, 200), 1);
-
-    // A middle line that would be too long refuses the whole insertion.
-    TestBuffer middle("ab");
-    EXPECT_EQ(InsertText(*middle, "1\n" + std::string(256, 'm') + "\n2", 0, 1), 0);
-    EXPECT_EQ(middle.Text(), "ab");
-}
-
 TEST_F(TextStoreTest, DeletionJoinsLinesAndRespectsTheLimit) {
     TestBuffer buffer("l0\nl1\nabcdef\nl3\nl4\nXYZ\nl6");
-    ASSERT_EQ(DeleteRange(*buffer, MakePos(2, 3), MakePos(5, 1)), 1);
-    EXPECT_EQ(buffer.Text(), "l0\nl1\nabcYZ\nl6");
-    EXPECT_EQ(buffer->lines.lineCount, 4);
-
-    ASSERT_EQ(DeleteRange(*buffer, MakePos(2, 1), MakePos(2, 3)), 1);
-    EXPECT_EQ(Line(buffer, 2), "aYZ");
-    buffer->lines.modified = 0;
-    EXPECT_EQ(DeleteRange(*buffer, MakePos(2, 2), MakePos(2, 2)), 1);
-    EXPECT_EQ(DeleteRange(*buffer, MakePos(2, 2), MakePos(1, 0)), 1);
-    EXPECT_EQ(buffer->lines.modified, 0);
-    EXPECT_EQ(buffer.Text(), "l0\nl1\naYZ\nl6");
-
-    // An end past the text deletes to its end.
-    ASSERT_EQ(DeleteRange(*buffer, MakePos(1, 1), MakePos(9, 0)), 1);
-    EXPECT_EQ(buffer.Text(), "l0\nl");
+    // {start, end, deleted, text after}: empty and backwards ranges change nothing, an end past
+    // the text deletes to its end.
+    const struct {
+        TextPos start, end;
+        int deleted;
+        const char* after;
+    } steps[] = {{{2, 3}, {5, 1}, 1, "l0\nl1\nabcYZ\nl6"}, {{2, 1}, {2, 3}, 1, "l0\nl1\naYZ\nl6"},
+                 {{2, 2}, {2, 2}, 1, "l0\nl1\naYZ\nl6"},   {{2, 2}, {1, 0}, 1, "l0\nl1\naYZ\nl6"},
+                 {{2, 1}, {2, 9}, 1, "l0\nl1\na\nl6"},     {{1, 1}, {9, 0}, 1, "l0\nl"}};
+    for (const auto& step : steps) {
+        buffer->lines.modified = 0;
+        EXPECT_EQ(DeleteRange(*buffer, step.start, step.end), step.deleted);
+        EXPECT_EQ(buffer.Text(), step.after);
+        EXPECT_EQ(buffer->lines.modified, PosLess(step.start, step.end) ? 1 : 0) << step.after;
+    }
+    EXPECT_EQ(buffer->lines.lineCount, 2);
 
     TestBuffer limit(std::string(128, 'a') + "\n" + std::string(128, 'b'));
     EXPECT_EQ(DeleteRange(*limit, MakePos(0, 128), MakePos(1, 0)), 0); // 256 bytes
     EXPECT_EQ(limit->lines.lineCount, 2);
     EXPECT_EQ(DeleteRange(*limit, MakePos(0, 127), MakePos(1, 0)), 1); // 255 bytes
-    EXPECT_EQ(Line(limit, 0), std::string(127, 'a') + std::string(128, 'b'));
+    EXPECT_EQ(limit.Text(), std::string(127, 'a') + std::string(128, 'b'));
+
+    // Replacing a line stores a copy and marks the text.
+    limit->lines.modified = 0;
+    std::string text = "zwei";
+    EXPECT_EQ(ReplaceLine(*limit, text, 0), 1);
+    text[0] = 'Z';
+    EXPECT_EQ(limit.Text(), "zwei");
+    EXPECT_EQ(limit->lines.modified, 1);
+    EXPECT_EQ(ReplaceLine(*limit, "x", 1), 0);
+    EXPECT_EQ(ReplaceLine(*limit, std::string(256, 'x'), 0), 0);
+    EXPECT_EQ(ReplaceLine(*limit, std::string(255, 'x'), 0), 1);
 }
 
 TEST_F(TextStoreTest, RangeTextJoinsLinesWithTheChosenSeparator) {
@@ -122,21 +112,21 @@ TEST_F(TextStoreTest, RangeTextJoinsLinesWithTheChosenSeparator) {
     EXPECT_EQ(get(MakePos(0, 0), MakePos(2, 3), true), "abc\r\nde\r\nfgh");
     EXPECT_EQ(get(MakePos(2, 0), MakePos(1, 1), false), ""); // backwards
     EXPECT_EQ(RangeText(*buffer, MakePos(0, 1), MakePos(2, 99)), "bc\nde\nfgh");
-
     EXPECT_TRUE(TextStandsAt(*buffer, MakePos(0, 2), "c\nde\nf"));
     EXPECT_FALSE(TextStandsAt(*buffer, MakePos(0, 2), "c\r\nde\r\nf"));
     EXPECT_FALSE(TextStandsAt(*buffer, MakePos(2, 0), "fgh\n"));
     EXPECT_TRUE(TextStandsAt(*buffer, MakePos(7, 0), ""));
 }
 
-TEST_F(TextStoreTest, ColumnsExpandTabsToTheTabSize) {
-    TestBuffer buffer("\tab\tc\nxy");
+TEST_F(TextStoreTest, ColumnsExpandTabsAndPositionsAreClampedAndStepped) {
+    TestBuffer buffer("\tab\tc\nxy\n\nde\nfghi");
     EXPECT_EQ(DisplayColumn(buffer->lines.lineText[0], 4), 8);
+    EXPECT_EQ(DisplayColumn(buffer->lines.lineText[0], -1), 0);
     EXPECT_EQ(DisplayColumn(nullptr, 3), 0);
     EXPECT_EQ(ColumnFromDisplay(*buffer, 0, 2), MakePos(0, 1)); // inside the tab
-    EXPECT_EQ(ColumnFromDisplay(*buffer, 5, 40), MakePos(1, 2));
+    EXPECT_EQ(ColumnFromDisplay(*buffer, 1, 40), MakePos(1, 2));
     EXPECT_EQ(ColumnFromDisplay(*buffer, -3, 0), MakePos(0, 0));
-
+    EXPECT_EQ(ColumnFromDisplay(*buffer, 9, 3), MakePos(4, 3));
     // Every byte column survives the trip to the screen and back, whatever the tabs.
     TestBuffer mixed("\t\ta\tbc\t\tdef\t \t  g\t");
     for (int size : {1, 3, 4, 8}) {
@@ -147,46 +137,20 @@ TEST_F(TextStoreTest, ColumnsExpandTabsToTheTabSize) {
                 << "tab size " << size;
     }
 
-    editor.settings.options.tabSize = 8;
-    EXPECT_EQ(DisplayColumn(buffer->lines.lineText[0], 4), 16);
-    EXPECT_EQ(ColumnFromDisplay(*buffer, 0, 9), MakePos(0, 2));
-}
-
-TEST_F(TextStoreTest, PositionsAreClampedAndSteppedAcrossLines) {
-    TestBuffer buffer("abc\n\nde\nfghi");
     buffer->visibleLines = 3;
     EXPECT_EQ(ClampPos(*buffer, -5, -1), MakePos(0, 0));
-    EXPECT_EQ(ClampPos(*buffer, 9, 9), MakePos(3, 4));
-    EXPECT_EQ(ClampPos(*buffer, 2, 1), MakePos(2, 1));
-    EXPECT_EQ(ClampTopLine(*buffer, 0), 0);
-    EXPECT_EQ(ClampTopLine(*buffer, 5), 1);
+    EXPECT_EQ(ClampPos(*buffer, 9, 9), MakePos(4, 4));
+    EXPECT_EQ(ClampTopLine(*buffer, 5), 2);
+    EXPECT_EQ(ClampTopLine(*buffer, -1), 0);
     buffer->visibleLines = 10;
     EXPECT_EQ(ClampTopLine(*buffer, 5), 0);
-
     // Steps cross line ends and stop at the ends of the text.
     const std::pair<TextPos, TextPos> next[] = {
-        {{0, 2}, {0, 3}}, {{0, 3}, {1, 0}}, {{1, 0}, {2, 0}}, {{3, 4}, {3, 4}}};
+        {{1, 1}, {1, 2}}, {{1, 2}, {2, 0}}, {{2, 0}, {3, 0}}, {{4, 4}, {4, 4}}, {{0, 0}, {0, 0}}};
     for (const auto& [from, to] : next) {
-        EXPECT_EQ(NextPos(*buffer, from), to);
-        if (!(from == to)) {
-            EXPECT_EQ(PrevPos(*buffer, to), from);
-        }
+        if (!(from == MakePos(0, 0))) EXPECT_EQ(NextPos(*buffer, from), to);
+        if (!(from == MakePos(4, 4))) EXPECT_EQ(PrevPos(*buffer, to), from);
     }
-    EXPECT_EQ(PrevPos(*buffer, MakePos(0, 0)), MakePos(0, 0));
-    EXPECT_EQ(PrevPos(*buffer, MakePos(3, 0)), MakePos(2, 2));
-}
-
-TEST_F(TextStoreTest, ReplaceLineStoresACopyAndMarksTheText) {
-    TestBuffer buffer("one\ntwo");
-    buffer->lines.modified = 0;
-    std::string text = "zwei";
-    EXPECT_EQ(ReplaceLine(*buffer, text, 1), 1);
-    text[0] = 'Z';
-    EXPECT_EQ(buffer.Text(), "one\nzwei");
-    EXPECT_EQ(buffer->lines.modified, 1);
-    EXPECT_EQ(ReplaceLine(*buffer, "x", 2), 0);
-    EXPECT_EQ(ReplaceLine(*buffer, std::string(256, 'x'), 0), 0);
-    EXPECT_EQ(ReplaceLine(*buffer, std::string(255, 'x'), 0), 1);
 }
 
 TEST_F(TextStoreTest, AllocationFailureChangesNothing) {
@@ -204,21 +168,22 @@ TEST_F(TextStoreTest, AllocationFailureChangesNothing) {
 TEST_F(TextStoreTest, LineStringHelpersEditInPlace) {
     char text[256] = "abcdef";
     DeleteLeadingChars(text, 2);
-    EXPECT_STREQ(text, "cdef");
     OpenGap(text, 3);
     text[0] = text[1] = text[2] = '-';
     EXPECT_STREQ(text, "---cdef");
     ReplacePrefix(text, 3, "+");
-    EXPECT_STREQ(text, "+cdef");
     ReplacePrefix(text, 1, "[[");
     EXPECT_STREQ(text, "[[cdef");
-
-    char line[256] = "text\r\n";
-    StripLineEnd(line);
-    EXPECT_STREQ(line, "text");
-    char noEnd[256] = "text\r";
-    StripLineEnd(noEnd);
-    EXPECT_STREQ(noEnd, "text\r");
+    DeleteLeadingChars(text, 9);
+    EXPECT_STREQ(text, "");
+    const std::pair<const char*, const char*> ends[] = {
+        {"text\r\n", "text"}, {"text\n", "text"}, {"text\r", "text\r"}, {"\n", ""}, {"", ""}};
+    for (const auto& [line, stripped] : ends) {
+        char copy[256];
+        std::strcpy(copy, line);
+        StripLineEnd(copy);
+        EXPECT_STREQ(copy, stripped) << line;
+    }
     char crs[256] = "\ra\rb\r";
     RemoveCR(crs);
     EXPECT_STREQ(crs, "ab");
@@ -226,9 +191,9 @@ TEST_F(TextStoreTest, LineStringHelpersEditInPlace) {
     char target[256] = "body";
     EXPECT_EQ(CopyIndent(target, " \t \vcode", 3), 3);
     EXPECT_STREQ(target, " \t body");
-    char other[256] = "x";
-    EXPECT_EQ(CopyIndent(other, "code", 8), 0);
-    EXPECT_STREQ(other, "x");
+    EXPECT_EQ(CopyIndent(target, "\t\tx", 8), 2);
+    EXPECT_STREQ(target, "\t\t \t body");
+    EXPECT_EQ(CopyIndent(target, "code", 8), 0);
 }
 
 } // namespace
