@@ -3,11 +3,13 @@
 
 #include <random>
 #include <string>
+#include <tuple>
 
 #include "buffer_builder.h"
 #include "editor_fixture.h"
 #include "engine/clipboard_commands.h"
 #include "engine/cursor_motion.h"
+#include "marked_text.h"
 
 namespace ruvo {
 namespace {
@@ -15,76 +17,48 @@ namespace {
 using EditingCommandsTest = EditorTest;
 
 TEST_F(EditingCommandsTest, DeletingCommandsTakeTheirPieceOrJoinLines) {
-    struct Case {
-        const char* text;
-        TextPos caret;
-        int (*command)();
-        const char* expected;
-        TextPos caretAfter;
-    };
+    // {before, command, after}: at the ends nothing is recorded, the last line deleted keeps
+    // its place, a lone line is emptied.
     const char* const word = "foo_bar1  baz(x);\nnext";
-    const Case cases[] = {
-        {"abc\ndef", {0, 1}, DeleteChar, "ac\ndef", {0, 1}},
-        {"abc\ndef", {0, 3}, DeleteChar, "abcdef", {0, 3}},
-        {"abc\ndef", {1, 3}, DeleteChar, "abc\ndef", {1, 3}}, // the end: nothing recorded
-        {"abc\ndef", {1, 2}, BackspaceChar, "abc\ndf", {1, 1}},
-        {"abc\ndef", {1, 0}, BackspaceChar, "abcdef", {0, 3}},
-        {"abc\ndef", {0, 0}, BackspaceChar, "abc\ndef", {0, 0}},
-        {"one\ntwo\nthree", {1, 2}, DeleteLine, "one\nthree", {1, 0}},
-        {"one\ntwo", {1, 2}, DeleteLine, "one\n", {1, 0}}, // the last line keeps its place
-        {word, {0, 0}, DeleteWord, "  baz(x);\nnext", {0, 0}},
-        {word, {0, 8}, DeleteWord, "foo_bar1baz(x);\nnext", {0, 8}},
-        {word, {0, 13}, DeleteWord, "foo_bar1  bazx);\nnext", {0, 13}},
-        {word, {0, 17}, DeleteWord, "foo_bar1  baz(x);next", {0, 17}},
-        {word, {1, 4}, DeleteWord, word, {1, 4}},
-    };
-    for (const Case& c : cases) {
-        TestBuffer buffer(c.text);
-        buffer.PlaceCaret(c.caret.line, c.caret.column);
-        static_cast<void>(c.command());
-        EXPECT_EQ(buffer.Text(), c.expected) << c.text << " at " << c.caret.column;
-        EXPECT_EQ(buffer->cursor, c.caretAfter) << c.text;
-        EXPECT_EQ(buffer->anchor, buffer->cursor) << c.text;
-        EXPECT_EQ(buffer.LoggedTransactions(), c.text == std::string(c.expected) ? 0 : 1);
-        if (c.text != std::string(c.expected)) {
-            EditUndo();
-            EXPECT_EQ(buffer.Text(), c.text);
-        }
+    // clang-format off
+    const std::tuple<std::string, int (*)(), std::string> cases[] = {
+        {"a|bc\ndef", DeleteChar, "a|c\ndef"},          {"abc|\ndef", DeleteChar, "abc|def"},
+        {"abc\ndef|", DeleteChar, "abc\ndef|"},         {"abc\nde|f", BackspaceChar, "abc\nd|f"},
+        {"abc\n|def", BackspaceChar, "abc|def"},         {"|abc\ndef", BackspaceChar, "|abc\ndef"},
+        {"one\ntw|o\nthree", DeleteLine, "one\n|three"}, {"one\ntw|o", DeleteLine, "one\n|"},
+        {"o|ne", DeleteLine, "|"},                       {"|" + std::string(word), DeleteWord, "|  baz(x);\nnext"},
+        {"foo_bar1|  baz(x);\nnext", DeleteWord, "foo_bar1|baz(x);\nnext"},
+        {"foo_bar1  baz|(x);\nnext", DeleteWord, "foo_bar1  baz|x);\nnext"},
+        {"foo_bar1  baz(x);|\nnext", DeleteWord, "foo_bar1  baz(x);|next"},
+        {"foo_bar1  baz(x);\nnext|", DeleteWord, "foo_bar1  baz(x);\nnext|"},
+        {"a|b1_c d", DeleteWord, "a| d"}};
+    // clang-format on
+    for (const auto& [before, command, after] : cases) {
+        const auto [text, caret] = Unmarked(before);
+        TestBuffer buffer(text);
+        buffer.PlaceCaret(caret.line, caret.column);
+        static_cast<void>(command());
+        EXPECT_EQ(Marked(buffer), after) << before;
+        EXPECT_EQ(buffer.LoggedTransactions(), before == after ? 0 : 1) << before;
+        EditUndo();
+        EXPECT_EQ(buffer.Text(), text) << before;
     }
-
-    TestBuffer single("one");
-    DeleteLine();
-    EXPECT_EQ(single.Text(), "");
-    EXPECT_EQ(single->lines.lineCount, 1);
 }
 
-TEST_F(EditingCommandsTest, NewLineCarriesTheIndentUpToTheCaretColumn) {
-    TestBuffer buffer("\t  abc");
+TEST_F(EditingCommandsTest, NewLineCarriesTheIndentUpToTheCaretAndScrollsAtTheBottom) {
+    TestBuffer buffer("\t  abc\nb\nc\nd\ne");
+    buffer->visibleLines = 5;
     buffer.PlaceCaret(0, 1);
     NewLine();
-    EXPECT_EQ(buffer.Text(), "\t\n\t  abc");
-    EXPECT_EQ(buffer->cursor, MakePos(1, 1));
-
+    EXPECT_EQ(Marked(buffer), "\t\n\t|  abc\nb\nc\nd\ne");
     buffer.PlaceCaret(1, 5);
     NewLine(); // the whole indent of three characters, then the rest of the line
-    EXPECT_EQ(buffer.Text(), "\t\n\t  ab\n\t  c");
-    EXPECT_EQ(buffer->cursor, MakePos(2, 3));
-
-    editor.settings.options.autoIndent = false;
-    NewLine();
-    EXPECT_EQ(buffer.Text(), "\t\n\t  ab\n\t  \nc");
-    EXPECT_EQ(buffer->cursor, MakePos(3, 0));
-}
-
-TEST_F(EditingCommandsTest, NewLineAtTheBottomOfTheWindowScrollsIt) {
-    TestBuffer buffer("a\nb\nc\nd\ne\nf");
-    buffer->visibleLines = 5;
+    EXPECT_EQ(Marked(buffer), "\t\n\t  ab\n\t  |c\nb\nc\nd\ne");
+    EXPECT_EQ(buffer->topLine, 0);
     buffer.PlaceCaret(4, 1);
-    NewLine();
-    EXPECT_EQ(buffer->cursor, MakePos(5, 0));
-    EXPECT_EQ(buffer->topLine, 1);
-    buffer.PlaceCaret(1, 0);
-    NewLine(); // well inside the window: no scrolling
+    editor.settings.options.autoIndent = false;
+    NewLine(); // at the bottom of the window: one line of scrolling
+    EXPECT_EQ(Marked(buffer), "\t\n\t  ab\n\t  c\nb\nc\n|\nd\ne");
     EXPECT_EQ(buffer->topLine, 1);
 }
 
@@ -154,38 +128,18 @@ TEST_F(EditingCommandsTest, AnyMixOfCommandsIsUndoneAndRedoneExactly) {
         for (int step = 0; step < 60; ++step) {
             const int32_t line = static_cast<int32_t>(random() % buffer->lines.lineCount);
             const int32_t column = static_cast<int32_t>(random() % 12);
-            switch (random() % 9) {
-            case 0:
-                DeleteChar();
-                break;
-            case 1:
-                BackspaceChar();
-                break;
-            case 2:
-                DeleteLine();
-                break;
-            case 3:
-                DeleteWord();
-                break;
-            case 4:
-                NewLine();
-                break;
-            case 5:
-                EditPaste();
-                break;
-            case 6:
+            int (*const commands[])() = {DeleteChar, BackspaceChar, DeleteLine,
+                                         DeleteWord, NewLine,       EditPaste};
+            const unsigned pick = random() % 9;
+            if (pick < 6) {
+                static_cast<void>(commands[pick]());
+            } else if (pick == 6) {
                 MoveCursor(static_cast<Motion>(1 + random() % 12), random() % 2 == 0);
-                break;
-            case 7:
+            } else if (pick == 7) {
                 GoToPos(*buffer, line, column);
-                break;
-            default:
+            } else {
                 buffer.Select(MakePos(line, 0), buffer->cursor);
-                if (random() % 2 == 0)
-                    EditCut();
-                else
-                    DeleteSelection();
-                break;
+                static_cast<void>(random() % 2 == 0 ? EditCut() : DeleteSelection());
             }
         }
         const std::string edited = buffer.Text();
