@@ -6,6 +6,7 @@
 #include "buffer_builder.h"
 #include "editor_fixture.h"
 #include "engine/editing_commands.h"
+#include "marked_text.h"
 
 namespace ruvo {
 namespace {
@@ -34,16 +35,28 @@ TEST_F(ClipboardTest, CopyJoinsLinesWithCarriageReturnLineFeed) {
     EXPECT_EQ(buffer.LoggedTransactions(), 0);
 }
 
-TEST_F(ClipboardTest, CutMovesTheSelectionToTheClipboard) {
+TEST_F(ClipboardTest, CutAndClearDeleteTheSelectionPasteReplacesItInTwoSteps) {
     TestBuffer buffer("keep this part\nand that");
     buffer.Select(MakePos(0, 4), MakePos(1, 3));
     EditCut();
     EXPECT_EQ(host.clipboard, " this part\r\nand");
-    EXPECT_EQ(buffer.Text(), "keep that");
-    EXPECT_EQ(buffer->cursor, MakePos(0, 4));
-    EXPECT_EQ(buffer->lines.hasSelection, 0);
+    EXPECT_EQ(Marked(buffer), "keep| that");
     EditUndo();
     EXPECT_EQ(buffer.Text(), "keep this part\nand that");
+
+    buffer.Select(MakePos(0, 1), MakePos(0, 4));
+    EditClear(); // the clipboard is left alone
+    EXPECT_EQ(host.clipboard, " this part\r\nand");
+    EXPECT_EQ(Marked(buffer), "k| this part\nand that");
+
+    buffer.Select(MakePos(0, 2), MakePos(0, 6));
+    host.clipboard = "you";
+    EditPaste();
+    EXPECT_EQ(Marked(buffer), "k you| part\nand that");
+    EditUndo();
+    EXPECT_EQ(buffer.Text(), "k  part\nand that");
+    EditUndo();
+    EXPECT_EQ(buffer.Text(), "k this part\nand that");
 }
 
 TEST_F(ClipboardTest, PasteTurnsEveryLineEndIntoALineOfTheBuffer) {
@@ -51,60 +64,29 @@ TEST_F(ClipboardTest, PasteTurnsEveryLineEndIntoALineOfTheBuffer) {
     buffer.PlaceCaret(0, 1);
     host.clipboard = "one\r\ntwo\r\nthree";
     EXPECT_EQ(EditPaste(), 0);
-    EXPECT_EQ(buffer.Text(), "<one\ntwo\nthree>\nend");
-    EXPECT_EQ(buffer->cursor, MakePos(2, 5));
+    EXPECT_EQ(Marked(buffer), "<one\ntwo\nthree|>\nend");
     EXPECT_EQ(buffer.LoggedTransactions(), 1);
-
     // A lone carriage return goes too, and the text ends at a NUL as CF_TEXT does.
     buffer.PlaceCaret(3, 3);
     host.clipboard = std::string("x\ry\0ignored", 11);
     EditPaste();
-    EXPECT_EQ(buffer.Text(), "<one\ntwo\nthree>\nendxy");
-    EXPECT_EQ(buffer->cursor, MakePos(3, 5));
-}
+    EXPECT_EQ(Marked(buffer), "<one\ntwo\nthree>\nendxy|");
 
-TEST_F(ClipboardTest, PasteReplacesTheSelectionInTwoSteps) {
-    TestBuffer buffer("replace ME please");
-    buffer.Select(MakePos(0, 8), MakePos(0, 10));
-    host.clipboard = "you";
-    EditPaste();
-    EXPECT_EQ(buffer.Text(), "replace you please");
-    EXPECT_EQ(buffer->cursor, MakePos(0, 11));
-    EXPECT_EQ(buffer->lines.hasSelection, 0);
-    EditUndo();
-    EXPECT_EQ(buffer.Text(), "replace  please");
-    EditUndo();
-    EXPECT_EQ(buffer.Text(), "replace ME please");
-}
-
-TEST_F(ClipboardTest, APasteThatMakesALineTooLongIsRefusedWhole) {
-    TestBuffer buffer(std::string(200, 'a') + "\nshort");
-    buffer.PlaceCaret(0, 100);
-    // The first line would fit; the last, 156 bytes before the old 100, would not.
+    // A paste that makes a line too long is refused whole: the first line would fit, the
+    // last, 156 bytes before the old 100, would not.
+    TestBuffer big(std::string(200, 'a') + "\nshort");
+    big.PlaceCaret(0, 100);
     host.clipboard = "fits\r\n" + std::string(156, 'b');
     EditPaste();
-    EXPECT_EQ(buffer.Text(), std::string(200, 'a') + "\nshort");
-    ASSERT_EQ(host.boxes.size(), 1u);
-    EXPECT_EQ(host.boxes[0].text,
-              "Transaction ignored because\nresulting line would become too long. ");
-}
+    EXPECT_EQ(big.Text(), std::string(200, 'a') + "\nshort");
+    EXPECT_EQ(host.ErrorBoxTexts(),
+              "Transaction ignored because\nresulting line would become too long. \n");
 
-TEST_F(ClipboardTest, ClearDeletesTheSelectionWithoutTouchingTheClipboard) {
-    TestBuffer buffer("abcdef");
-    host.clipboard = "untouched";
-    buffer.Select(MakePos(0, 1), MakePos(0, 4));
-    EditClear();
-    EXPECT_EQ(buffer.Text(), "aef");
-    EXPECT_EQ(host.clipboard, "untouched");
-    EXPECT_EQ(buffer->cursor, MakePos(0, 1));
-}
-
-TEST_F(ClipboardTest, PasteStateFollowsTheClipboardWithoutGreyingAnyRow) {
-    TestBuffer buffer("text");
+    // Nothing to paste: nothing happens. No row needs clipboard text, so Paste stays
+    // available even with an empty clipboard.
     host.clipboard.reset();
-    EXPECT_EQ(EditPaste(), 1); // nothing to paste: nothing happens
-    EXPECT_EQ(buffer.LoggedTransactions(), 0);
-    // No row needs clipboard text, so Paste stays available even with an empty clipboard.
+    EXPECT_EQ(EditPaste(), 1);
+    EXPECT_EQ(big.LoggedTransactions(), 0);
     host.enableCalls.clear();
     UpdatePasteState();
     EXPECT_TRUE(host.enableCalls.empty());
