@@ -1,7 +1,6 @@
-// The line array: growth, room making and the emptiness rule.
+// The line array: growth, room making, copies, clearing and the emptiness rule.
 #include "engine/line_list.h"
 
-#include <cstring>
 #include <string>
 
 #include "settings/allocator.h"
@@ -11,83 +10,70 @@
 namespace ruvo {
 namespace {
 
-using LineListTest = EditorTest;
+class LineListTest : public EditorTest {
+  protected:
+    std::string Lines(const LineList* list) {
+        std::string text;
+        for (int32_t i = 0; i < list->lineCount; ++i)
+            text += std::string(list->lineText[i]) + "|";
+        return text;
+    }
+    void FailAllocationsAfter(long bytes) {
+        editor.settings.allocator.limitBytes = editor.settings.allocator.totalBytes + bytes;
+    }
+};
 
-TEST_F(LineListTest, GrowsByStepAndKeepsOneSlotFree) {
-    LineList* list = CreateLineList(2, 0);
+TEST_F(LineListTest, GrowsMakesRoomCopiesAndClears) {
+    LineList* list = CreateLineList(2, 1);
     ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->readOnly, 1);
     EXPECT_TRUE(IsBufferEmpty(list));
-    for (int i = 0; i < 5; ++i) ASSERT_EQ(AppendLine(list, std::to_string(i)), 0);
-    EXPECT_EQ(list->lineCount, 5);
-    EXPECT_GT(list->capacity, list->lineCount);
-    EXPECT_STREQ(list->lineText[4], "4");
-    EXPECT_FALSE(IsBufferEmpty(list));
-    DestroyLineList(list);
-}
-
-TEST_F(LineListTest, MakeRoomShiftsTheEntriesAfterTheGivenOne) {
-    LineList* list = CreateLineList(1000, 0);
-    for (const char* text : {"a", "b", "c"}) AppendLine(list, text);
-    ASSERT_EQ(MakeRoom(list, 0, 2), 0);
-    EXPECT_STREQ(list->lineText[0], "a");
-    EXPECT_STREQ(list->lineText[3], "b");
-    EXPECT_STREQ(list->lineText[4], "c");
-    list->lineText[1] = DupString("x", 0);
-    list->lineText[2] = DupString("yz", 1);
+    for (int i = 0; i < 5; ++i)
+        ASSERT_EQ(AppendLine(list, std::to_string(i)), 0);
+    EXPECT_GT(list->capacity, list->lineCount); // one slot is kept free
+    EXPECT_EQ(Lines(list), "0|1|2|3|4|");
+    ASSERT_EQ(MakeRoom(list, 1, 2), 0);
+    list->lineText[2] = DupString("x", 0);
+    list->lineText[3] = DupString("yz", 1);
     list->lineCount += 2;
-    EXPECT_STREQ(list->lineText[2], "y");
+    EXPECT_EQ(Lines(list), "0|1|x|y|2|3|4|");
     LineList* copy = CopyLineList(list, nullptr);
     ASSERT_NE(copy, nullptr);
-    EXPECT_EQ(copy->lineCount, 5);
-    EXPECT_STREQ(copy->lineText[1], "x");
-    DestroyLineList(copy);
-    DestroyLineList(list);
-}
+    EXPECT_EQ(Lines(copy), "0|1|x|y|2|3|4|");
 
-TEST_F(LineListTest, OneEmptyLineIsAnEmptyBufferButTwoAreNot) {
-    LineList* list = CreateLineList(10, 0);
+    list->modified = list->hasSelection = 1;
+    ClearLineList(list);
+    EXPECT_EQ(list->lineCount + list->capacity + list->modified + list->hasSelection, 0);
+    EXPECT_EQ(list->lineText, nullptr);
+    // One empty line is an empty buffer, two are not.
     AppendLine(list, "");
     EXPECT_TRUE(IsBufferEmpty(list));
     AppendLine(list, "");
     EXPECT_FALSE(IsBufferEmpty(list));
+    DestroyLineList(copy);
     DestroyLineList(list);
-}
 
-TEST_F(LineListTest, AllocationFailureLeavesTheListAsItWas) {
-    LineList* list = CreateLineList(4, 0);
-    AppendLine(list, "keep");
-    editor.settings.allocator.limitBytes = editor.settings.allocator.totalBytes;
-    EXPECT_EQ(AppendLine(list, "more"), 1);
-    EXPECT_TRUE(AllocationFailed());
-    EXPECT_EQ(list->lineCount, 1);
-    EXPECT_STREQ(list->lineText[0], "keep");
-    editor.settings.allocator.limitBytes = -1;
-    DestroyLineList(list);
-}
-
-TEST_F(LineListTest, DupStringCopiesAtMostTheText) {
     char* shortCopy = DupString("ab", 10); // a length past the text stops at its end
-    ASSERT_NE(shortCopy, nullptr);
     EXPECT_STREQ(shortCopy, "ab");
     Release(shortCopy);
     EXPECT_EQ(DupString(nullptr, 3), nullptr);
 }
 
-TEST_F(LineListTest, AFailedCopyLeavesNoListBehind) {
+TEST_F(LineListTest, AllocationFailureLeavesTheListAsItWasAndNoHalfCopy) {
     LineList* list = CreateLineList(4, 0);
-    for (const char* text : {"one", "two", "three"}) AppendLine(list, text);
+    for (const char* text : {"one", "two", "three"})
+        AppendLine(list, text);
+    FailAllocationsAfter(0);
+    EXPECT_EQ(CreateLineList(4, 0), nullptr);
+    EXPECT_EQ(AppendLine(list, "more"), 1);
+    EXPECT_TRUE(AllocationFailed());
+    EXPECT_EQ(Lines(list), "one|two|three|");
     // Room for the new list and its array, not for the lines: the copy fails part-way and
     // the sanitizer's leak check sees whether the half-made list was freed.
-    editor.settings.allocator.limitBytes =
-        editor.settings.allocator.totalBytes + static_cast<long>(sizeof(LineList)) +
-        3 * static_cast<long>(sizeof(char*)) + 4;
+    FailAllocationsAfter(static_cast<long>(sizeof(LineList)) +
+                         3 * static_cast<long>(sizeof(char*)) + 4);
     EXPECT_EQ(CopyLineList(list, nullptr), nullptr);
-    EXPECT_TRUE(AllocationFailed());
     editor.settings.allocator.limitBytes = -1;
-    LineList* copy = CopyLineList(list, nullptr);
-    ASSERT_NE(copy, nullptr);
-    EXPECT_STREQ(copy->lineText[2], "three");
-    DestroyLineList(copy);
     DestroyLineList(list);
 }
 
