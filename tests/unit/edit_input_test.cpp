@@ -72,6 +72,7 @@ TEST_F(EditInputTest, KeysMoveTheCaretAndShiftExtendsTheSelection) {
            {KeyPageUp, "s", "|ab cd\n\tx y\nz;"},   {KeyPageDown, "s", "[ab cd\n\tx y\nz;|]"},
            {KeyLeft, "", "ab cd\n\tx y\nz|;"}});
 
+    EXPECT_EQ(host.caretRecreations, 0); // no key but Insert switches the mode
     // Page keys move by the window height and scroll with it.
     TestBuffer tall(Lines(100));
     tall->visibleLines = 10;

@@ -327,10 +327,19 @@ TEST_F(LineLayoutTest, FoundTextIsDrawnOnceAndTakenAwayByTheNext) {
     EXPECT_EQ(shown(), "redraw 1 ");
     HideFoundText();
     EXPECT_EQ(shown(), "");
-    // Columns are kept inside the line; a closed window is not redrawn.
+    // Columns are kept inside the line.
     ShowFoundText(*buffer, MakePos(2, 3), MakePos(2, 99));
     EXPECT_EQ(shown(), "draw 2:3-5 ");
+    HideFoundText();
+    EXPECT_EQ(shown(), "redraw 2 ");
+    // A line that is gone, or a closed window, is not redrawn.
+    ShowFoundText(*buffer, MakePos(2, 0), MakePos(2, 1));
+    ASSERT_EQ(DeleteRange(*buffer, MakePos(1, 11), MakePos(2, 5)), 1);
+    HideFoundText();
+    EXPECT_EQ(shown(), "draw 2:0-1 ");
+    ShowFoundText(*buffer, MakePos(1, 0), MakePos(1, 1));
     buffer->closedFlags |= ClosedFlagWindowGone;
+    host.foundTexts.clear();
     HideFoundText();
     EXPECT_EQ(shown(), "");
     EXPECT_FALSE(editor.engine.display.found.shown);
