@@ -42,92 +42,74 @@ class SyntaxScannerTest : public EditorTest {
     LanguageDef language;
 };
 
-TEST_F(SyntaxScannerTest, LineCommentRunsToTheEndOfTheLine) {
-    EXPECT_EQ(Runs("x := b -- c -- e"), "[x := b ]text[-- c -- e]comment");
-    EXPECT_EQ(Runs("-- end if"), "[-- end if]comment");
-    EXPECT_EQ(Runs("x - y"), "[x - y]text");
-    EXPECT_EQ(Runs("s \"a -- b\" -- c"), "[s ]text[\"a -- b\"]string[ ]text[-- c]comment");
-    // Block comments play no part: the line after an opening one is ordinary code.
-    EXPECT_EQ(Runs("/* if"), "[/* ]text[if]kw1");
-    EXPECT_EQ(Runs("end */"), "[end]kw1[ */]text");
-
+// Line comments run to the end of the line, block comments play no part (the line after an
+// opening one is ordinary code); keywords only outside identifiers (digits do not start one);
+// strings and character literals without escapes; an abbreviation only as the last thing on the
+// line, tried wherever the scan stops (a name may hold a blank).
+TEST_F(SyntaxScannerTest, LinesSplitIntoCommentKeywordStringAndAbbreviationRuns) {
+    const std::pair<const char*, const char*> lines[] = {
+        {"x := b -- c -- e", "[x := b ]text[-- c -- e]comment"},
+        {"-- end if", "[-- end if]comment"},
+        {"x - y", "[x - y]text"},
+        {"s \"a -- b\" -- c", "[s ]text[\"a -- b\"]string[ ]text[-- c]comment"},
+        {"/* if", "[/* ]text[if]kw1"},
+        {"end */", "[end]kw1[ */]text"},
+        {"if a then", "[if]kw1[ ]text[a]kw1[ ]text[then]kw1"},
+        {"  signal s : STD_LOGIC;", "[  ]text[signal]kw1[ s : ]text[STD_LOGIC]kw2[;]text"},
+        {"ending end_x x_end xend", "[ending end_x x_end xend]text"},
+        {"9end", "[9]text[end]kw1"},
+        {"x9end", "[x9end]text"},
+        {"clk'event", "[clk'event]text"},
+        {"\xe4if", "[\xe4]text[if]kw1"},
+        {"x <= \"0101\";", "[x <= ]text[\"0101\"]string[;]text"},
+        {"report \"open end", "[report ]text[\"open end]string"},
+        {"\"", "[\"]string"},
+        {"x <= 'a';", "[x <= ]text['a']string[;]text"},
+        {"'ab'", "['ab']text"},
+        {"'''", "[''']string"},
+        {"x'", "[x']text"},
+        {"'a", "[']text[a]kw1"},
+        {"'x", "['x]text"},
+        {"a\"b\\\"c\"", "[a]kw1[\"b\\\"]string[c]text[\"]string"}, // no escapes
+        {"sl", "[sl]abbrev"},
+        {"  signal x : SL", "[  ]text[signal]kw1[ x : ]text[SL]abbrev"},
+        {"sl x", "[sl x]text"},
+        {"x sl;", "[x sl;]text"},
+        {"e if", "[e if]abbrev"},
+        {"x := e if", "[x := ]text[e if]abbrev"},
+        {"xe if", "[xe ]text[if]kw1"},
+    };
+    for (const auto& [line, runs] : lines)
+        EXPECT_EQ(Runs(line), runs) << line;
     language.lineComment.clear();
     EXPECT_EQ(Runs("x -- if"), "[x -- ]text[if]kw1");
 }
 
-TEST_F(SyntaxScannerTest, KeywordsOutsideIdentifiers) {
-    EXPECT_EQ(Runs("if a then"), "[if]kw1[ ]text[a]kw1[ ]text[then]kw1");
-    EXPECT_EQ(Runs("  signal s : STD_LOGIC;"),
-              "[  ]text[signal]kw1[ s : ]text[STD_LOGIC]kw2[;]text");
-    EXPECT_EQ(Runs("ending end_x x_end xend"), "[ending end_x x_end xend]text");
-    EXPECT_EQ(Runs("9end"), "[9]text[end]kw1"); // digits do not start an identifier
-    EXPECT_EQ(Runs("x9end"), "[x9end]text");
-    EXPECT_EQ(Runs("clk'event"), "[clk'event]text");
-    EXPECT_EQ(Runs("\xe4if"), "[\xe4]text[if]kw1");
-}
-
-TEST_F(SyntaxScannerTest, StringsAndCharacterLiterals) {
-    EXPECT_EQ(Runs("x <= \"0101\";"), "[x <= ]text[\"0101\"]string[;]text");
-    EXPECT_EQ(Runs("report \"open end"), "[report ]text[\"open end]string");
-    EXPECT_EQ(Runs("\""), "[\"]string");
-    EXPECT_EQ(Runs("x <= 'a';"), "[x <= ]text['a']string[;]text");
-    EXPECT_EQ(Runs("'ab'"), "['ab']text");
-    EXPECT_EQ(Runs("'''"), "[''']string");
-    EXPECT_EQ(Runs("x'"), "[x']text");
-    EXPECT_EQ(Runs("'a"), "[']text[a]kw1");
-    EXPECT_EQ(Runs("'x"), "['x]text");
-    EXPECT_EQ(Runs("a\"b\\\"c\""), "[a]kw1[\"b\\\"]string[c]text[\"]string"); // no escapes
-}
-
-TEST_F(SyntaxScannerTest, AbbreviationOnlyAsTheLastThingOnTheLine) {
-    EXPECT_EQ(Runs("sl"), "[sl]abbrev");
-    EXPECT_EQ(Runs("  signal x : SL"), "[  ]text[signal]kw1[ x : ]text[SL]abbrev");
-    EXPECT_EQ(Runs("sl x"), "[sl x]text");
-    EXPECT_EQ(Runs("x sl;"), "[x sl;]text");
-    // A name may hold a blank; it is tried wherever the scan stops, not just at word starts.
-    EXPECT_EQ(Runs("e if"), "[e if]abbrev");
-    EXPECT_EQ(Runs("x := e if"), "[x := ]text[e if]abbrev");
-    EXPECT_EQ(Runs("xe if"), "[xe ]text[if]kw1");
-}
-
-TEST_F(SyntaxScannerTest, ColoursAndGroupsOfTheRuns) {
+TEST_F(SyntaxScannerTest, RunsCarryColoursAndAShortArrayEndsWithTheRestOfTheLine) {
     ColourRun runs[MaxRunsPerLine];
-    const int count = ScanLine("if x -- y", &language, runs, MaxRunsPerLine);
-    ASSERT_EQ(count, 3);
-    EXPECT_EQ(runs[0].color, MakeColor(5, 5, 5));
-    EXPECT_EQ(runs[0].group, 1);
-    EXPECT_EQ(runs[1].color, MakeColor(1, 1, 1));
-    EXPECT_EQ(runs[2].color, MakeColor(2, 2, 2));
-    EXPECT_EQ(runs[2].typeface, language.comment.typeface);
-    EXPECT_EQ(ScanLine("\"s\" sl", &language, runs, MaxRunsPerLine), 3);
-    EXPECT_EQ(runs[0].color, MakeColor(3, 3, 3));
-    EXPECT_EQ(runs[2].color, MakeColor(4, 4, 4));
-    EXPECT_EQ(ScanLine("", &language, runs, MaxRunsPerLine), 0);
-}
-
-TEST_F(SyntaxScannerTest, ColouringOffOrNoLanguageGivesOneBlackRun) {
-    ColourRun runs[MaxRunsPerLine];
+    const auto scan = [&](std::string_view line, const LanguageDef* with, int capacity) {
+        std::string found;
+        const int count = ScanLine(line, with, runs, capacity);
+        for (int i = 0; i < count; ++i)
+            found += std::to_string(runs[i].start) + "+" + std::to_string(runs[i].length) + ":" +
+                     std::to_string(runs[i].color & 0xff) + "/" + std::to_string(runs[i].group) +
+                     "/" + std::to_string(runs[i].typeface) + " ";
+        return found;
+    };
+    language.comment.typeface = 2;
+    EXPECT_EQ(scan("if x -- y", &language, MaxRunsPerLine), "0+2:5/1/1 2+3:1/0/0 5+4:2/0/2 ");
+    EXPECT_EQ(scan("\"s\" sl", &language, MaxRunsPerLine), "0+3:3/0/1 3+1:1/0/0 4+2:4/0/0 ");
+    EXPECT_EQ(scan("", &language, MaxRunsPerLine), "");
+    EXPECT_EQ(scan("if a then end -- x", &language, 3), "0+2:5/1/1 2+1:1/0/0 3+15:1/0/0 ");
+    EXPECT_EQ(scan("if a then", &language, 3), "0+2:5/1/1 2+1:1/0/0 3+6:1/0/0 ");
+    EXPECT_EQ(scan("if x", &language, 1), "0+4:1/0/0 ");
+    EXPECT_EQ(scan("if x", &language, 0), "");
+    // Colouring off, or no language: one black run, not the language's text colour.
+    EXPECT_EQ(scan("if x", nullptr, MaxRunsPerLine), "0+4:0/0/0 ");
     editor.settings.options.colors = false;
-    ASSERT_EQ(ScanLine("if x -- y", &language, runs, MaxRunsPerLine), 1);
-    EXPECT_EQ(runs[0].length, 9);
-    EXPECT_EQ(runs[0].color, MakeColor(0, 0, 0)); // not the language's text colour
+    EXPECT_EQ(scan("if x -- y", &language, MaxRunsPerLine), "0+9:0/0/0 ");
+    ASSERT_EQ(ScanLine("if", &language, runs, MaxRunsPerLine), 1);
     EXPECT_EQ(runs[0].kind, RunKind::Plain);
-
-    editor.settings.options.colors = true;
-    ASSERT_EQ(ScanLine("if x", nullptr, runs, MaxRunsPerLine), 1);
-    EXPECT_EQ(runs[0].length, 4);
-    EXPECT_EQ(runs[0].color, MakeColor(0, 0, 0));
-}
-
-TEST_F(SyntaxScannerTest, ShortRunArrayEndsWithTheRestOfTheLine) {
-    ColourRun runs[3];
-    ASSERT_EQ(ScanLine("if a then end -- x", &language, runs, 3), 3);
-    EXPECT_EQ(runs[2].start, 3);
-    EXPECT_EQ(runs[2].length, 15);
-    EXPECT_EQ(runs[2].color, language.text.color);
-    ASSERT_EQ(ScanLine("if x", &language, runs, 1), 1);
-    EXPECT_EQ(runs[0].length, 4);
-    EXPECT_EQ(ScanLine("if x", &language, runs, 0), 0);
 }
 
 // Whatever the line, the runs follow each other without gap or overlap from column 0 to
