@@ -37,17 +37,17 @@ TEST_F(ScrollTest, StepsStopAtTheLastFullPageAtZeroAndOnlyExactlyAt255Columns) {
     TestBuffer small(Lines(4), false); // shorter than the window: never scrolls
     small->visibleLines = 10;
     // {by, moved, position after}
-    const int lines[][3] = {{5, 5, 5},     {200, 85, 90}, {1, 0, 90}, {-30, -30, 60},
-                            {-70, -60, 0}, {-1, 0, 0},    {0, 0, 0}};
+    const int lines[][3] = {{5, 5, 5},      {200, 85, 90}, {1, 0, 90}, {-30, -30, 60},
+                            {-70, -60, 0},  {-1, 0, 0},    {0, 0, 0}};
     for (const auto& step : lines) {
         EXPECT_EQ(ScrollLines(*buffer, step[0]), step[1]) << step[0];
         EXPECT_EQ(buffer->topLine, step[2]);
         EXPECT_EQ(ScrollLines(*small, step[0] > 0 ? 1 : -1), 0);
     }
     // From 250 a page to the right goes past 255: only 255 itself is a stop.
-    const int columns[][3] = {{-1, 0, 0},      {0, 0, 0},   {250, 250, 250},
-                              {80, 80, 330},   {1, 1, 331}, {-1, -1, 330},
-                              {-75, -75, 255}, {1, 0, 255}, {-300, -255, 0}};
+    const int columns[][3] = {{-1, 0, 0},    {0, 0, 0},       {250, 250, 250}, {80, 80, 330},
+                              {1, 1, 331},   {-1, -1, 330},   {-75, -75, 255}, {1, 0, 255},
+                              {-300, -255, 0}};
     for (const auto& step : columns) {
         EXPECT_EQ(ScrollColumns(*buffer, step[0]), step[1]) << step[0];
         EXPECT_EQ(buffer->leftColumn, step[2]);
@@ -98,8 +98,8 @@ TEST_F(ScrollTest, HorizontalBarRedrawsTheWindowAndMovesTheCaret) {
     const struct {
         BarCode code;
         int thumb, moved;
-    } steps[] = {{BarCode::LineDown, 0, 1},       {BarCode::ThumbTrack, 20, -41},
-                 {BarCode::LineUp, 0, -1},        {BarCode::Bottom, 0, 0},
+    } steps[] = {{BarCode::LineDown, 0, 1}, {BarCode::ThumbTrack, 20, -41},
+                 {BarCode::LineUp, 0, -1},  {BarCode::Bottom, 0, 0},
                  {static_cast<BarCode>(8), 0, 0}, {BarCode::Top, 0, -19},
                  {BarCode::PageUp, 0, 0}};
     for (const auto& step : steps) {

@@ -43,12 +43,8 @@ TEST_F(ViewSyncTest, SelectionIsOrderedAndOnlyChangedLinesAreRedrawn) {
         TextPos from, to;
         std::vector<int> redrawn;
     } steps[] = {
-        {{5, 1}, {2, 3}, {2, 3, 4, 5}},
-        {{2, 3}, {6, 0}, {5}},
-        {{2, 3}, {6, 2}, {6}},
-        {{2, 0}, {6, 2}, {2}},
-        {{6, 2}, {2, 0}, {}},
-        {{2, 0}, {30, 2}, {6, 7, 8, 9, 10}},
+        {{5, 1}, {2, 3}, {2, 3, 4, 5}}, {{2, 3}, {6, 0}, {5}}, {{2, 3}, {6, 2}, {6}},
+        {{2, 0}, {6, 2}, {2}},          {{6, 2}, {2, 0}, {}},  {{2, 0}, {30, 2}, {6, 7, 8, 9, 10}},
         {{4, 4}, {4, 4}, {2, 3, 4, 5, 6, 7, 8, 9, 10}},
     };
     for (const auto& step : steps) {
@@ -80,10 +76,8 @@ TEST_F(ViewSyncTest, CaretIsClampedAndScrollingIsReported) {
     const struct {
         TextPos wanted, caret;
         int32_t top, left, shownTop, shownLeft, updates;
-    } steps[] = {{{1, 40}, {1, 11}, 0, 0, 0, 0, 0},
-                 {{7, -2}, {2, 0}, 1, 0, 1, 0, 1},
-                 {{0, 2}, {0, 2}, 1, 4, 1, 4, 2},
-                 {{0, 2}, {0, 2}, -3, -1, 0, 0, 3},
+    } steps[] = {{{1, 40}, {1, 11}, 0, 0, 0, 0, 0}, {{7, -2}, {2, 0}, 1, 0, 1, 0, 1},
+                 {{0, 2}, {0, 2}, 1, 4, 1, 4, 2},   {{0, 2}, {0, 2}, -3, -1, 0, 0, 3},
                  {{0, 3}, {0, 3}, 0, 0, 0, 0, 3}};
     for (const auto& step : steps) {
         SetCursorAndScroll(*buffer, step.wanted, step.top, step.left);
