@@ -213,7 +213,7 @@ int InsertPieces(EditBuffer& buffer, std::string_view text, int32_t line, int32_
         if (text.size() + head.size() + tail.size() > MaxLineLength) return 0;
         char* joined = NewLine(head, text, tail);
         if (joined == nullptr) return 0;
-        Release(lines.lineText[line]);
+        ReleaseLine(&lines, lines.lineText[line]);
         lines.lineText[line] = joined;
         lines.modified = 1;
         return 1;
@@ -254,8 +254,9 @@ int InsertPieces(EditBuffer& buffer, std::string_view text, int32_t line, int32_
             Release(piece);
         return 0;
     }
-    Release(lines.lineText[line]);
-    std::copy(made.begin(), made.end(), lines.lineText + line);
+    ReleaseLine(&lines, lines.lineText[line]);
+    for (size_t i = 0; i < made.size(); ++i)
+        lines.lineText[line + static_cast<int32_t>(i)] = made[i];
     lines.lineCount += added;
     lines.modified = 1;
     return 1;
@@ -284,7 +285,7 @@ int ReplaceLine(EditBuffer& buffer, std::string_view text, int32_t line) {
     if (line < 0 || line >= lines.lineCount || text.size() > MaxLineLength) return 0;
     char* copy = NewLine(text, {}, {});
     if (copy == nullptr) return 0;
-    Release(lines.lineText[line]);
+    ReleaseLine(&lines, lines.lineText[line]);
     lines.lineText[line] = copy;
     lines.modified = 1;
     return 1;
@@ -321,14 +322,9 @@ int DeleteRange(EditBuffer& buffer, TextPos start, TextPos end) {
     char* joined = NewLine(std::string_view(first, static_cast<size_t>(start.column)), suffix, {});
     if (joined == nullptr) return 0;
     for (int32_t line = start.line; line <= lastLine; ++line)
-        Release(lines.lineText[line]);
+        ReleaseLine(&lines, lines.lineText[line]);
     lines.lineText[start.line] = joined;
-    const int32_t removed = lastLine - start.line;
-    std::memmove(lines.lineText + start.line + 1, lines.lineText + lastLine + 1,
-                 static_cast<size_t>(lines.lineCount - lastLine - 1) * sizeof(char*));
-    lines.lineCount -= removed;
-    for (int32_t i = lines.lineCount; i < lines.lineCount + removed; ++i)
-        lines.lineText[i] = nullptr;
+    RemoveLines(&lines, start.line + 1, lastLine - start.line);
     lines.modified = 1;
     return 1;
 }
