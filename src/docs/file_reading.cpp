@@ -1,6 +1,8 @@
 // Reading a text file into the line store of a buffer.
 #include "docs/file_reading.h"
 
+#include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <memory>
 #include <optional>
@@ -10,6 +12,7 @@
 #include "engine/edit_buffer.h"
 #include "engine/editor.h"
 #include "engine/line_list.h"
+#include "engine/line_slabs.h"
 #include "host/host.h"
 #include "settings/error_report.h"
 
@@ -17,10 +20,17 @@ namespace ruvo {
 
 namespace {
 
-constexpr size_t BlockSize = 1 << 16;
+constexpr size_t BlockSize = 1 << 18;
 
-// Hands out the pieces a line-reading call with a 255-character buffer would return,
-// from large blocks of the file.
+// One piece as a line-reading call with a 255-character buffer returns it.
+struct Piece {
+    const char* text = nullptr;
+    size_t rawLength = 0; // bytes taken from the file: up to and with a LF, at most 254
+    size_t length = 0;    // bytes of it before a NUL byte, which ends the piece as a C string
+};
+
+// Hands out the pieces from large blocks of the file. The next line feed and the next NUL
+// byte are each found once per search, not once per piece.
 class ChunkReader {
   public:
     explicit ChunkReader(std::FILE* file) : file_(file), block_(new char[BlockSize]) {
@@ -28,23 +38,35 @@ class ChunkReader {
         std::setvbuf(file_, nullptr, _IONBF, 0);
     }
 
-    // The next piece (ending after a LF or after 254 characters), or false at the end.
-    bool Next(const char*& piece, size_t& length) {
+    bool Next(Piece& piece) {
         if (length_ - position_ < ReadChunkLength && !atEnd_) Refill();
         if (position_ == length_) return false;
-        const char* start = block_.get() + position_;
-        size_t available = length_ - position_;
-        if (available > ReadChunkLength) available = ReadChunkLength;
-        const void* lineFeed = std::memchr(start, '\n', available);
-        length = lineFeed != nullptr
-                     ? static_cast<size_t>(static_cast<const char*>(lineFeed) - start) + 1
-                     : available;
-        piece = start;
-        position_ += length;
+        const size_t limit = std::min(length_, position_ + ReadChunkLength);
+        const size_t lineFeed = Upcoming(lineFeed_, '\n');
+        const size_t end = lineFeed < limit ? lineFeed + 1 : limit;
+        const size_t nul = Upcoming(nul_, '\0');
+        piece.text = block_.get() + position_;
+        piece.rawLength = end - position_;
+        piece.length = (nul < end ? nul : end) - position_;
+        position_ = end;
         return true;
     }
 
   private:
+    static constexpr size_t Unknown = static_cast<size_t>(-1);
+
+    // Index of the first byte c at or after the position, or the block's length.
+    size_t Upcoming(size_t& cached, char c) {
+        if (cached == Unknown || cached < position_) {
+            const char* from = block_.get() + position_;
+            const void* found = std::memchr(from, c, length_ - position_);
+            cached = found != nullptr
+                         ? static_cast<size_t>(static_cast<const char*>(found) - block_.get())
+                         : length_;
+        }
+        return cached;
+    }
+
     void Refill() {
         const size_t remaining = length_ - position_;
         std::memmove(block_.get(), block_.get() + position_, remaining);
@@ -54,39 +76,67 @@ class ChunkReader {
         const size_t got = std::fread(block_.get() + length_, 1, wanted, file_);
         length_ += got;
         if (got < wanted) atEnd_ = true;
+        lineFeed_ = Unknown;
+        nul_ = Unknown;
     }
 
     std::FILE* file_;
     std::unique_ptr<char[]> block_;
     size_t position_ = 0;
     size_t length_ = 0;
+    size_t lineFeed_ = Unknown;
+    size_t nul_ = Unknown;
     bool atEnd_ = false;
 };
+
+// Bytes from the stream's position to the end of the file, or 0 when it cannot tell.
+long BytesAhead(std::FILE* file) {
+    const long here = std::ftell(file);
+    if (here < 0 || std::fseek(file, 0, SEEK_END) != 0) return 0;
+    const long end = std::ftell(file);
+    if (std::fseek(file, here, SEEK_SET) != 0) return 0;
+    return end > here ? end - here : 0;
+}
+
+// When the slot array is full, makes room for as many lines as the file seems to hold from
+// what was read so far, so that a large file's array is rarely copied. A file of short lines
+// after long ones is given no more than one slot per 16 bytes to come (half the file's size);
+// its array grows by half its size at a time beyond that.
+bool ReserveLines(LineList& lines, long expected, long taken) {
+    if (taken <= 0 || expected <= taken) return true;
+    const double perByte = static_cast<double>(lines.lineCount) / static_cast<double>(taken);
+    const double estimate = std::min(perByte * static_cast<double>(expected - taken) * 1.02,
+                                     static_cast<double>(expected - taken) / 16.0);
+    const double wanted = std::min(estimate, static_cast<double>(INT32_MAX / 2));
+    if (wanted <= static_cast<double>(lines.capacity - lines.lineCount)) return true;
+    return MakeRoom(&lines, lines.lineCount, static_cast<int32_t>(wanted)) == 0;
+}
 
 } // namespace
 
 long readLines(std::FILE* file, LineList& lines) {
     ChunkReader reader(file);
+    const long expected = BytesAhead(file);
+    long taken = 0;
     long count = 0;
     bool endedWithNewline = true; // an empty file gives one empty line
-    const char* piece = nullptr;
-    size_t rawLength = 0;
-    while (reader.Next(piece, rawLength)) {
-        // The piece is a C string: a NUL byte ends it, and its bytes are not counted.
-        const void* nul = std::memchr(piece, '\0', rawLength);
-        size_t length =
-            nul != nullptr ? static_cast<size_t>(static_cast<const char*>(nul) - piece) : rawLength;
+    Piece piece;
+    while (reader.Next(piece)) {
+        taken += static_cast<long>(piece.rawLength);
+        size_t length = piece.length;
         count += static_cast<long>(length);
-        endedWithNewline = length > 0 && piece[length - 1] == '\n';
+        endedWithNewline = length > 0 && piece.text[length - 1] == '\n';
         if (endedWithNewline) --length;
-        if (length > 0 && piece[length - 1] == '\r') --length;
-        // Large files grow the array by half its size at a time, not by growBy slots, so
-        // that its copies do not dominate the load.
-        if (lines.lineCount + 1 >= lines.capacity && lines.capacity >= 4 * lines.growBy &&
-            MakeRoom(&lines, lines.lineCount, lines.capacity / 2) != 0)
+        if (length > 0 && piece.text[length - 1] == '\r') --length;
+        if (lines.lineCount + 1 >= lines.capacity && !ReserveLines(lines, expected, taken))
             return -1;
-        if (AppendLine(&lines, std::string_view(piece, length)) != 0) return -1;
+        // The lines go into large slabs sized for the rest of the file.
+        if (AppendSlabLine(&lines, std::string_view(piece.text, length), expected - taken) != 0) {
+            EndSlabFilling(&lines);
+            return -1;
+        }
     }
+    EndSlabFilling(&lines);
     if (endedWithNewline && AppendLine(&lines, "") != 0) return -1;
     return count;
 }

@@ -1,10 +1,15 @@
 // Reading files into buffers: pieces of 254 characters, line ends, the size check.
+#include <cstdio>
+#include <cstring>
+#include <random>
 #include <string>
 #include <vector>
 
 #include "docs/documents.h"
+#include "docs/file_reading.h"
 #include "document_files.h"
 #include "editor_fixture.h"
+#include "engine/text_store.h"
 
 namespace ruvo {
 namespace {
@@ -94,6 +99,80 @@ TEST_F(FileReadingTest, FileTimeIsTheModificationTime) {
     const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(
         std::chrono::file_clock::to_sys(stamp).time_since_epoch());
     EXPECT_EQ(Current()->fileTime, static_cast<int32_t>(seconds.count()));
+}
+
+// The chunk rule as a line-reading call with a 255-character buffer gives it.
+Lines ChunkRule(const std::string& path, long& count) {
+    Lines lines;
+    std::FILE* file = std::fopen(path.c_str(), "rb");
+    char piece[ReadChunkLength + 1];
+    bool endedWithNewline = true;
+    count = 0;
+    while (std::fgets(piece, sizeof piece, file) != nullptr) {
+        size_t length = std::strlen(piece);
+        count += static_cast<long>(length);
+        endedWithNewline = length > 0 && piece[length - 1] == '\n';
+        if (endedWithNewline) --length;
+        if (length > 0 && piece[length - 1] == '\r') --length;
+        lines.emplace_back(piece, length);
+    }
+    std::fclose(file);
+    if (endedWithNewline) lines.emplace_back();
+    return lines;
+}
+
+// Lines of 253, 254 and 255 bytes and longer ones, every kind of line end, NUL bytes, lone
+// carriage returns, and sometimes no final line end.
+std::string RandomBytes(std::mt19937& random, int lineCount) {
+    static const int lengths[] = {0, 1, 7, 40, 253, 254, 255, 256, 509};
+    static const char* const ends[] = {"\n", "\r\n", "\r", "\r\r\n", "\n\r"};
+    std::string bytes;
+    for (int i = 0; i < lineCount; ++i) {
+        const int length = lengths[random() % std::size(lengths)];
+        for (int k = 0; k < length; ++k) {
+            const unsigned roll = random() % 400;
+            bytes += roll == 0   ? '\0'
+                     : roll < 8  ? '\r'
+                     : roll < 30 ? '\t'
+                                 : "ab z_(x\xe9"[roll % 8];
+        }
+        if (i + 1 < lineCount || random() % 2 == 0) bytes += ends[random() % std::size(ends)];
+    }
+    return bytes;
+}
+
+TEST_F(FileReadingTest, TheReaderGivesWhatTheChunkRuleGivesAndItsLinesEditLikeAnyOthers) {
+    std::mt19937 random(17);
+    const std::string path = folder.File("random.bin");
+    // Small files, and one that spans several of the reader's blocks.
+    for (int file = 0; file < 41; ++file) {
+        WriteBytes(path, RandomBytes(random, file < 40 ? file % 20 : 5000));
+        long expectedCount = 0;
+        const Lines expected = ChunkRule(path, expectedCount);
+        EditBuffer buffer;
+        buffer.lines.growBy = 2; // the slot array grows often, with a gap inside it
+        std::FILE* in = std::fopen(path.c_str(), "rb");
+        EXPECT_EQ(readLines(in, buffer.lines), expectedCount) << file;
+        std::fclose(in);
+        ASSERT_EQ(LinesOf(buffer), expected) << file;
+
+        // Whole lines removed and put in at random places, checked against a plain model.
+        Lines model = expected;
+        for (int step = 0; step < 60; ++step) {
+            const int32_t at = static_cast<int32_t>(random() % model.size());
+            if (random() % 2 == 0 && model.size() > 1) {
+                const int32_t end = at + static_cast<int32_t>(random() % (model.size() - at));
+                ASSERT_EQ(DeleteRange(buffer, MakePos(at, 0), MakePos(end, 0)), 1);
+                model.erase(model.begin() + at, model.begin() + end);
+            } else {
+                const std::string inserted = std::to_string(step) + "\nnew\n";
+                ASSERT_EQ(InsertText(buffer, inserted, at, 0), 1);
+                model.insert(model.begin() + at, {std::to_string(step), "new"});
+            }
+        }
+        EXPECT_EQ(LinesOf(buffer), model) << file;
+        ClearLineList(&buffer.lines);
+    }
 }
 
 } // namespace
