@@ -230,10 +230,10 @@ BENCHMARK(BM_DeleteAllAndUndo)->Arg(1000000)->Iterations(3)->Unit(benchmark::kMi
 int main(int argc, char** argv) {
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    const std::string huge = "/" + std::to_string(ruvo::HugeLineCount);
+    const std::string huge = std::to_string(ruvo::HugeLineCount);
     ruvo::RatioReporter reporter(
-        {{"BM_LineBreakNearTop" + huge, "BM_LineBreakNearTop/10"},
-         {"BM_InsertDeleteLineNearTop" + huge, "BM_InsertDeleteLineNearTop/10"}});
+        {{"BM_LineBreakNearTop/" + huge, "BM_LineBreakNearTop/10"},
+         {"BM_InsertDeleteLineNearTop/" + huge, "BM_InsertDeleteLineNearTop/10"}});
     benchmark::RunSpecifiedBenchmarks(&reporter);
     benchmark::Shutdown();
     return 0;
