@@ -1,7 +1,7 @@
-// Document benchmarks: loading and saving a 50 MB HDL file beside one plain fread / fwrite of
-// the same bytes (and the load beside a fread plus a memchr pass over the lines), with the
-// ratios printed at the end; the memory a loaded file costs against its size; and the first
-// read and load into fresh memory.
+// Document benchmarks: loading a 50 MB HDL file and a 50 MB gate-level netlist beside a plain
+// fread plus a memchr pass over the same bytes, saving beside one fwrite, with the ratios
+// printed at the end; the memory a loaded file costs against its size; the first read and load
+// into fresh memory; and the peak memory of loading a 200 MB netlist.
 #include <benchmark/benchmark.h>
 
 #include <chrono>
@@ -31,9 +31,11 @@ constexpr long long TargetBytes = 50LL * 1024 * 1024;
 
 struct Files {
     std::string folder;
-    std::string source; // the generated HDL file
-    std::string target; // where saves go
-    std::string bytes;  // the source's content
+    std::string source;  // the generated HDL file
+    std::string netlist; // the generated netlist
+    std::string target;  // where saves go
+    std::string bytes;   // the source's content
+    size_t netlistSize = 0;
 };
 
 // VHDL-like text with CR LF line ends, indentation, tabs and comments.
@@ -58,21 +60,48 @@ std::string MakeHdl() {
     return text;
 }
 
+// A gate-level netlist of about `bytes` bytes (LF line ends), written as it is made; its size.
+size_t WriteNetlist(const std::string& path, long long bytes) {
+    std::FILE* out = std::fopen(path.c_str(), "wb");
+    long long total = std::fprintf(out, "module top (clk, a, y);\n");
+    for (long i = 1; total < bytes; ++i)
+        total += std::fprintf(out, "  NAND2X1 U%ld (.A(n%ld), .B(n%ld), .Y(n%ld));\n", i, i, i + 1,
+                              i + 2);
+    total += std::fprintf(out, "endmodule\n");
+    std::fclose(out);
+    return static_cast<size_t>(total);
+}
+
+std::string NewFolder() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "ruvo-bench-XXXXXX").string();
+    return mkdtemp(pattern.data());
+}
+
 Files& TheFiles() {
     static Files files = [] {
         Files f;
-        std::string pattern =
-            (std::filesystem::temp_directory_path() / "ruvo-bench-XXXXXX").string();
-        f.folder = mkdtemp(pattern.data());
+        f.folder = NewFolder();
         f.source = f.folder + "/big.vhd";
+        f.netlist = f.folder + "/netlist.v";
         f.target = f.folder + "/saved.vhd";
         f.bytes = MakeHdl();
         std::FILE* out = std::fopen(f.source.c_str(), "wb");
         std::fwrite(f.bytes.data(), 1, f.bytes.size(), out);
         std::fclose(out);
+        f.netlistSize = WriteNetlist(f.netlist, TargetBytes);
         return f;
     }();
     return files;
+}
+
+enum class Text { Hdl, Netlist };
+
+const std::string& PathOf(Text text) {
+    return text == Text::Hdl ? TheFiles().source : TheFiles().netlist;
+}
+
+size_t SizeOf(Text text) {
+    return text == Text::Hdl ? TheFiles().bytes.size() : TheFiles().netlistSize;
 }
 
 size_t HeapInUse() {
@@ -112,24 +141,23 @@ long ReadAndSplit(const std::string& path, std::vector<char>& data) {
 }
 
 // The floor of any reader: the bytes read, then every line end found.
-void PlainReadSplit(benchmark::State& state) {
-    Files& files = TheFiles();
-    std::vector<char> data(files.bytes.size());
+void PlainReadSplit(benchmark::State& state, Text text) {
+    std::vector<char> data(SizeOf(text));
     for (auto _ : state)
-        benchmark::DoNotOptimize(ReadAndSplit(files.source, data));
-    state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(files.bytes.size()));
+        benchmark::DoNotOptimize(ReadAndSplit(PathOf(text), data));
+    state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(data.size()));
 }
-BENCHMARK(PlainReadSplit)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(PlainReadSplit, hdl, Text::Hdl)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(PlainReadSplit, netlist, Text::Netlist)->Unit(benchmark::kMillisecond);
 
-void LoadFile(benchmark::State& state) {
-    Files& files = TheFiles();
+void LoadFile(benchmark::State& state, Text text) {
     const AllocatorStats& allocator = TheEditor().settings.allocator;
     double heapBytes = 0;
     double allocatedBytes = 0;
     for (auto _ : state) {
         const size_t heapBefore = HeapInUse();
         const long allocatedBefore = allocator.totalBytes;
-        if (openFile(files.source, 0, 0, KindDocument) != 0) state.SkipWithError("open failed");
+        if (openFile(PathOf(text), 0, 0, KindDocument) != 0) state.SkipWithError("open failed");
         EditBuffer* buffer = TheEditor().engine.currentBuffer;
         benchmark::DoNotOptimize(buffer->lines.lineCount);
         state.PauseTiming();
@@ -138,14 +166,15 @@ void LoadFile(benchmark::State& state) {
         closeBuffer(*buffer);
         state.ResumeTiming();
     }
-    state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(files.bytes.size()));
+    state.SetBytesProcessed(state.iterations() * static_cast<int64_t>(SizeOf(text)));
     // What the loaded text holds on the heap, and what the checked allocator counted, per byte
     // of the file.
-    const double size = static_cast<double>(files.bytes.size());
+    const double size = static_cast<double>(SizeOf(text));
     state.counters["heap_per_file_byte"] = heapBytes / size;
     state.counters["counted_per_file_byte"] = allocatedBytes / size;
 }
-BENCHMARK(LoadFile)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(LoadFile, hdl, Text::Hdl)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(LoadFile, netlist, Text::Netlist)->Unit(benchmark::kMillisecond);
 
 void PlainWrite(benchmark::State& state) {
     Files& files = TheFiles();
@@ -205,6 +234,34 @@ void ReportFreshMemory() {
                 load / read);
 }
 
+long PeakKilobytes() {
+    std::FILE* status = std::fopen("/proc/self/status", "r");
+    char line[256];
+    long peak = 0;
+    while (status != nullptr && std::fgets(line, sizeof line, status) != nullptr)
+        if (std::sscanf(line, "VmHWM: %ld", &peak) == 1) break;
+    if (status != nullptr) std::fclose(status);
+    return peak;
+}
+
+// The highest memory of the process while a 200 MB netlist loads, above what it had before;
+// run first, while the process is still small.
+void ReportNetlistPeak() {
+    constexpr long long Megabytes = 200;
+    const std::string folder = NewFolder();
+    const std::string path = folder + "/netlist200.v";
+    const double size = static_cast<double>(WriteNetlist(path, Megabytes << 20));
+    const long before = PeakKilobytes();
+    if (openFile(path, 0, 0, KindDocument) == 0) {
+        const double peak = static_cast<double>(PeakKilobytes() - before) * 1024;
+        std::printf("%lld MB netlist: peak %.0f MB above the start, %.2f times the file\n",
+                    Megabytes, peak / 1048576, peak / size);
+        closeBuffer(*TheEditor().engine.currentBuffer);
+    }
+    std::error_code ignored;
+    std::filesystem::remove_all(folder, ignored);
+}
+
 } // namespace
 } // namespace ruvo
 
@@ -215,13 +272,16 @@ int main(int argc, char** argv) {
 
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+    ruvo::ReportNetlistPeak();
     ruvo::ReportFreshMemory();
     // From here on freed memory stays with the process, so that every iteration after the first
     // finds its pages mapped, the read's buffer as much as the loaded lines.
     mallopt(M_MMAP_MAX, 0);
     mallopt(M_TRIM_THRESHOLD, INT_MAX);
-    ruvo::RatioReporter reporter(
-        {{"LoadFile", "PlainRead"}, {"LoadFile", "PlainReadSplit"}, {"SaveFile", "PlainWrite"}});
+    ruvo::RatioReporter reporter({{"LoadFile/hdl", "PlainRead"},
+                                  {"LoadFile/hdl", "PlainReadSplit/hdl"},
+                                  {"LoadFile/netlist", "PlainReadSplit/netlist"},
+                                  {"SaveFile", "PlainWrite"}});
     benchmark::RunSpecifiedBenchmarks(&reporter);
     benchmark::Shutdown();
 

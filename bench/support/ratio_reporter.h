@@ -1,5 +1,6 @@
 // Console report of a benchmark run, followed by each measured figure as a ratio against its
-// plain baseline of the same run.
+// plain baseline of the same run, in real time and in CPU time (which other programs of a busy
+// machine do not disturb).
 #pragma once
 
 #include <benchmark/benchmark.h>
@@ -20,7 +21,7 @@ class RatioReporter : public benchmark::ConsoleReporter {
 
     void ReportRuns(const std::vector<Run>& runs) override {
         for (const Run& run : runs)
-            times_[run.benchmark_name()] = run.GetAdjustedRealTime();
+            times_[run.benchmark_name()] = {run.GetAdjustedRealTime(), run.GetAdjustedCPUTime()};
         ConsoleReporter::ReportRuns(runs);
     }
     void Finalize() override {
@@ -33,12 +34,13 @@ class RatioReporter : public benchmark::ConsoleReporter {
     void PrintRatio(const std::string& measured, const std::string& baseline) const {
         auto m = times_.find(measured);
         auto b = times_.find(baseline);
-        if (m == times_.end() || b == times_.end() || b->second <= 0) return;
-        std::printf("ratio %s / %s = %.2f\n", measured.c_str(), baseline.c_str(),
-                    m->second / b->second);
+        if (m == times_.end() || b == times_.end() || b->second.first <= 0 || b->second.second <= 0)
+            return;
+        std::printf("ratio %s / %s = %.2f (CPU time %.2f)\n", measured.c_str(), baseline.c_str(),
+                    m->second.first / b->second.first, m->second.second / b->second.second);
     }
     std::vector<std::pair<std::string, std::string>> ratios_;
-    std::map<std::string, double> times_;
+    std::map<std::string, std::pair<double, double>> times_; // real, CPU
 };
 
 } // namespace ruvo
