@@ -30,26 +30,9 @@ class OptionsFileTest : public EditorTest {
 };
 
 TEST_F(OptionsFileTest, GroupsAreReadWholeAndSortedWithoutRegardToCase) {
-    TempFile file("Text before any section is ignored\n"
-                  "[group1]\n"
-                  "signal\n"
-                  "Entity\n"
-                  "# a comment line\n"
-                  "; another one\n"
-                  "\n"
-                  "ARCHITECTURE\n"
-                  "end if\n"
-                  "std_logic_vector\r\n"
-                  "std_logic\n"
-                  "stdout\n"
-                  "\xe4nderung\n"
-                  "[GROUP2]\n"
-                  "integer\n"
-                  "[Other]\n"
-                  "ignored\n"
-                  "[Group4]\n"
-                  "Zed\n"
-                  "abc\n");
+    TempFile file("Text before any section is ignored\n[group1]\nsignal\nEntity\n# a comment\n"
+                  "; another one\n\nARCHITECTURE\nend if\nstd_logic_vector\r\nstd_logic\nstdout\n"
+                  "\xe4nderung\n[GROUP2]\ninteger\n[Other]\nignored\n[Group4]\nZed\nabc\n");
     const LanguageDef& lang = LoadWithFile(file.path());
 
     // '_' sorts before letters: the folding is to lower case.
@@ -59,7 +42,6 @@ TEST_F(OptionsFileTest, GroupsAreReadWholeAndSortedWithoutRegardToCase) {
     EXPECT_EQ(Words(lang.groups[1].words), std::vector<std::string>{"integer"});
     EXPECT_TRUE(lang.groups[2].words.Empty());
     // Sorted without regard to case although the language is case sensitive.
-    EXPECT_TRUE(lang.caseSensitive);
     EXPECT_EQ(Words(lang.groups[3].words), (std::vector<std::string>{"abc", "Zed"}));
     EXPECT_TRUE(lang.expanderNames.Empty());
     EXPECT_FALSE(HasStartupErrors());
@@ -71,24 +53,15 @@ TEST_F(OptionsFileTest, GroupColoursAreReadAfterEachGroup) {
     host.SetProfile("Lang", "Typeface1", "4");
     host.SetProfile("Lang", "Color5", "5 6 7");
     const LanguageDef& lang = LoadWithFile(file.path());
-    EXPECT_EQ(lang.groups[0].attribute.color, MakeColor(1, 2, 3));
-    EXPECT_EQ(lang.groups[0].attribute.typeface, 4);
+    EXPECT_EQ(std::tuple(lang.groups[0].attribute.color, lang.groups[0].attribute.typeface),
+              std::tuple(MakeColor(1, 2, 3), 4));
     EXPECT_EQ(lang.groups[1].attribute.color, MakeColor(0, 0, 255)); // default
     EXPECT_EQ(lang.groups[4].attribute.color, MakeColor(5, 6, 7));   // read for an empty group
 }
 
 TEST_F(OptionsFileTest, ExpanderLinesSplitAtTheFirstEqualsSign) {
-    TempFile file("[Group1]\n"
-                  "if\n"
-                  "[expander]\n"
-                  "sl=std_logic\n"
-                  "no equals sign here\n"
-                  "cmp=a = b\n"
-                  "empty=\n"
-                  "; comment=skipped\n"
-                  "=nameless\n"
-                  "[Group2]\n"
-                  "after=the section ended\n");
+    TempFile file("[Group1]\nif\n[expander]\nsl=std_logic\nno equals sign here\ncmp=a = b\nempty=\n"
+                  "; comment=skipped\n=nameless\n[Group2]\nafter=the section ended\n");
     const LanguageDef& lang = LoadWithFile(file.path());
     EXPECT_EQ(Words(lang.expanderNames), (std::vector<std::string>{"sl", "cmp", "empty", ""}));
     EXPECT_EQ(Words(lang.expanderValues),
@@ -126,9 +99,8 @@ TEST_F(OptionsFileTest, LongLinesArePiecesOfAtMost254Characters) {
     TempFile file("[Group1]\n" + std::string(300, 'k') + "\n");
     WordArray words;
     ASSERT_TRUE(ReadKeywordGroup(file.path(), 1, words));
-    ASSERT_EQ(words.Count(), 2);
-    EXPECT_EQ(std::string(words[0]), std::string(46, 'k'));
-    EXPECT_EQ(std::string(words[1]), std::string(254, 'k'));
+    EXPECT_EQ(Words(words),
+              (std::vector<std::string>{std::string(46, 'k'), std::string(254, 'k')}));
 }
 
 TEST_F(OptionsFileTest, OutOfMemoryKeepsTheWordsReadSoFar) {
@@ -149,8 +121,7 @@ TEST_F(OptionsFileTest, OutOfMemoryKeepsTheWordsReadSoFar) {
 
     editor.settings.allocator.limitBytes = editor.settings.allocator.totalBytes + 2 + 8 + 2;
     ASSERT_TRUE(ReadExpanderTable(file.path(), names, values));
-    EXPECT_TRUE(names.Empty());
-    EXPECT_TRUE(values.Empty());
+    EXPECT_TRUE(names.Empty() && values.Empty());
     editor.settings.allocator.limitBytes = -1;
     ASSERT_TRUE(names.Append("z"));
     EXPECT_EQ(Words(names), std::vector<std::string>{"z"});
