@@ -30,6 +30,12 @@ std::vector<std::string> Printed(const FakeHost& host, bool pageNumbers) {
     return texts;
 }
 
+bool HasDate(const PrintedPage& page) {
+    return std::any_of(page.pieces.begin(), page.pieces.end(), [](const PrintedPiece& piece) {
+        return std::regex_match(piece.text, std::regex(R"(.*\d{4}-\d\d-\d\d \d\d:\d\d.*)"));
+    });
+}
+
 using PrintCommandsTest = EditorTest;
 
 TEST_F(PrintCommandsTest, DialogAndPrinterFailuresGiveBoxesAndNoPages) {
@@ -101,9 +107,7 @@ TEST_F(PrintCommandsTest, CopiesPageRangesAndTheSelection) {
     EXPECT_FALSE(host.printJobs.back().defaultPrinter);
     EXPECT_EQ(host.statusPanes[4], "1 page printed.");
     const std::vector<PrintedPiece>& pieces = host.printedPages[0].pieces;
-    EXPECT_TRUE(std::any_of(pieces.begin(), pieces.end(), [](const PrintedPiece& piece) {
-        return std::regex_match(piece.text, std::regex(R"(.*\d{4}-\d\d-\d\d \d\d:\d\d.*)"));
-    })) << "the date is in the header";
+    EXPECT_TRUE(HasDate(host.printedPages[0]));
     EXPECT_TRUE(std::any_of(pieces.begin(), pieces.end(), [](const PrintedPiece& piece) {
         return piece.text == "line" && piece.typeface == 1;
     })) << "keywords of the buffer's language are bold";
@@ -139,6 +143,7 @@ TEST_F(PrintCommandsTest, CommandLinePrintsAFileOnTheDefaultPrinter) {
     EXPECT_EQ(host.printJobs[0].fontPointSize, 12) << "the [Print] settings were loaded";
     EXPECT_TRUE(host.printDialogs.empty());
     EXPECT_EQ(Printed(host, false), (std::vector<std::string>{"   1", "   2"}));
+    EXPECT_TRUE(HasDate(host.printedPages[0]));
     std::remove(name.c_str());
 
     PrintFileFromCommandLine(name);

@@ -70,8 +70,9 @@ TEST_F(SettingsTest, AllocatorZeroFillsCountsEveryRequestAndKeepsTheOldBlockOnFa
     EXPECT_EQ(Allocate(nullptr, 0, LONG_MAX / 2, 4), nullptr);
     EXPECT_EQ(host.boxes.size(), 3u);
     EXPECT_TRUE(host.errorStream.empty());
+    Release(Allocate(nullptr, 0, 3, 0));
     void* empty = Allocate(nullptr, 0, 0, 4);
-    EXPECT_EQ(host.errorStream, "Error in allocating memory\n");
+    EXPECT_EQ(host.errorStream, "Error in allocating memory\nError in allocating memory\n");
     EXPECT_NE(empty, nullptr);
     EXPECT_FALSE(AllocationFailed());
     void* replaced = Allocate(empty, 0, 3, 4); // a block that held nothing is replaced
