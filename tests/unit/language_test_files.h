@@ -54,19 +54,8 @@ inline bool LoadIniIntoProfile(FakeHost& host, const std::string& path) {
 }
 
 inline const char* RunKindName(RunKind kind) {
-    switch (kind) {
-    case RunKind::Plain:
-        return "text";
-    case RunKind::Comment:
-        return "comment";
-    case RunKind::Keyword:
-        return "kw";
-    case RunKind::Abbreviation:
-        return "abbrev";
-    case RunKind::String:
-        return "string";
-    }
-    return "?";
+    static const char* const names[] = {"text", "comment", "kw", "abbrev", "string"};
+    return names[static_cast<int>(kind)];
 }
 
 // The runs of a line written out as "[text]kind" pieces, keyword pieces with their group.
