@@ -53,6 +53,8 @@ TEST_F(GadgetDialogTest, TagsSetValuesItemsAndStopAtAnUnknownOne) {
     Gadget* list = GlGadgetCreate(*dialog, GadgetType::ListBox, 0, 20, 40, 40, "",
                                   {ValueTag(7), ItemsTag({"a", "b", "c"}), OwnerDataTag(5),
                                    PerItemValuesTag(true), ItemValueTag(1, 4)});
+    GlGadgetSet(*list, {SetItemTextTag(3, "x"), DeleteItemTag(3)}); // one past the end: nothing
+    EXPECT_EQ(list->items, (std::vector<std::string>{"a", "b", "c"}));
     EXPECT_EQ(list->value, 2);
     EXPECT_EQ(list->ownerData, 5);
     EXPECT_TRUE(list->itemValues.empty()) << "per-item values were disabled";
