@@ -1,15 +1,25 @@
 // Long random sequences of edits, pastes, caret moves, selections, undos and redos, checked
 // after every step against a plain model of the text and of the undo history.
+#include <cctype>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "aids/aids_state.h"
+#include "aids/range_edits.h"
+#include "aids/template_expand.h"
+#include "aids/text_search.h"
+#include "aids/word_expansion.h"
 #include "buffer_builder.h"
 #include "editor_fixture.h"
+#include "engine/clipboard_commands.h"
 #include "engine/text_store.h"
 #include "engine/transaction_log.h"
+#include "lang/keyword_lookup.h"
+#include "lang/language_table.h"
 
 namespace ruvo {
 namespace {
@@ -256,6 +266,225 @@ TEST_P(EngineRandomTest, EveryStepMatchesTheModelAndEverythingCanBeUndone) {
     for (const FakeHost::Box& box : host.boxes)
         EXPECT_EQ(box.text, "Transaction ignored because\nresulting line would become too long. ");
 }
+
+// --- The commands that edit through RecordEdit, against plain models of their own ---
+
+bool IsWordByte(char c) {
+    return IsIdentifierChar(c);
+}
+
+std::string Folded(std::string text, bool fold) {
+    if (fold)
+        for (char& c : text)
+            c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    return text;
+}
+
+// Replace all from the start: each match replaced in turn, the search going on after the new
+// text; the first replacement that would make a line too long ends the run.
+Lines ReplaceAllModel(Lines text, const std::string& find, const std::string& by, bool matchCase) {
+    for (std::string& line : text) {
+        size_t from = 0;
+        for (;;) {
+            const size_t at = Folded(line, !matchCase).find(Folded(find, !matchCase), from);
+            if (at == std::string::npos) break;
+            if (line.size() - find.size() + by.size() > 255) return text;
+            line.replace(at, find.size(), by);
+            from = at + by.size();
+        }
+    }
+    return text;
+}
+
+const char* const ReservedWords[] = {"end", "entity", "is", "port"};
+
+// Reserved words outside the "--" comment changed to upper or lower case.
+std::string CaseModel(std::string line, bool upper) {
+    size_t column = 0;
+    while (column < line.size() && line.compare(column, 2, "--") != 0) {
+        if (!IsAsciiLetter(line[column])) {
+            ++column;
+            continue;
+        }
+        size_t length = 0;
+        for (const char* word : ReservedWords) {
+            const size_t n = std::strlen(word);
+            if (Folded(line.substr(column, n), true) == word &&
+                (column + n == line.size() || !IsWordByte(line[column + n])))
+                length = n;
+        }
+        if (length == 0) {
+            ++column;
+            while (column < line.size() && IsWordByte(line[column]))
+                ++column;
+            continue;
+        }
+        for (size_t k = column; k < column + length; ++k)
+            line[k] = static_cast<char>(upper ? std::toupper(line[k]) : std::tolower(line[k]));
+        column += length;
+    }
+    return line;
+}
+
+// Comment and indent add their text to each line that stays short enough, or take it off
+// the lines that begin with it; the case edit changes the reserved words.
+Lines RangeModel(Lines text, RangeAction action, bool first, int32_t from, int32_t to) {
+    const std::string mark = action == RangeAction::Indent ? "\t" : "--";
+    for (int32_t i = std::max(from, 0); i <= std::min<int32_t>(to, text.size() - 1); ++i) {
+        std::string& line = text[static_cast<size_t>(i)];
+        if (action == RangeAction::Case)
+            line = CaseModel(line, first);
+        else if (first && line.size() + mark.size() <= 255)
+            line = mark + line;
+        else if (!first && line.compare(0, mark.size(), mark) == 0)
+            line.erase(0, mark.size());
+    }
+    return text;
+}
+
+class EditingCommandsRandomTest : public EngineRandomTest {
+  protected:
+    void SetUp() override {
+        LanguageDef& vhdl = LanguageEntry(1);
+        vhdl.name = "VHDL";
+        vhdl.lineComment = "--";
+        vhdl.caseSensitive = false;
+        for (const char* word : ReservedWords)
+            ASSERT_TRUE(vhdl.groups[0].words.Append(word));
+        SortKeywords(vhdl.groups[0].words);
+        for (const auto& [name, value] :
+             {std::pair{"ent", "entity"}, std::pair{"slv", "std_logic_vector(7 downto 0)"}}) {
+            ASSERT_TRUE(vhdl.expanderNames.Append(name));
+            ASSERT_TRUE(vhdl.expanderValues.Append(value));
+        }
+        entity.name = "entity";
+        entity.paramCount = 2;
+        entity.body = "entity $1$ is\n  port ($2$ : in bit);\nend $1$;\n";
+    }
+
+    std::string Pick(std::initializer_list<const char*> choices) {
+        return *(choices.begin() + Below(static_cast<int>(choices.size())));
+    }
+    std::string Phrase() {
+        std::string text;
+        for (int i = Below(6); i >= 0; --i)
+            text += Pick({"entity", "END", "is", "sig", "a_1", "x", "Port"}) +
+                    Pick({" ", "\t", "; ", " -- "});
+        return text;
+    }
+    TextPos Caret(const Lines& text) { return Clamp(text, buffer->cursor); }
+
+    // The model's text after one random command, which this runs on the buffer.
+    Lines RunCommand(const Lines& text) {
+        const int kind = Below(7);
+        if (kind == 0) {
+            const TextPos to = AnyPos(text);
+            RecordEdit(*buffer, {}, {}, "", to, AnyScroll(), Below(3) == 0 ? AnyPos(text) : to, to);
+            return text;
+        }
+        if (kind == 1) {
+            // A multi-line paste over the selection, if there is one.
+            std::string lines = Phrase();
+            for (int i = Below(4); i >= 0; --i)
+                lines += (Below(2) == 0 ? "\r\n" : "\n") + Phrase();
+            host.clipboard = lines;
+            Lines after = text;
+            TextPos at = Caret(text);
+            if (buffer->lines.hasSelection != 0) {
+                const Outcome removed = Replace(text, buffer->selStart, buffer->selEnd, "");
+                if (!removed.mustFail) after = removed.text;
+                at = buffer->selStart;
+            }
+            std::erase(lines, '\r');
+            EditPaste();
+            const Outcome pasted = Replace(after, at, at, lines);
+            return pasted.mustFail ? after : pasted.text;
+        }
+        if (kind == 2) {
+            SearchState& state = editor.aids.search;
+            state = SearchState{};
+            state.searchText = Pick({"is", "sig", "x", "en", "--"});
+            state.replaceText = Pick({"", "IS", "xx", "sig sig", "is is"});
+            state.replaceMode = state.replaceAll = true;
+            state.caseSensitive = Below(2) == 0;
+            RunSearch(*buffer, state);
+            return ReplaceAllModel(text, state.searchText, state.replaceText, state.caseSensitive);
+        }
+        if (kind == 3) {
+            const RangeAction action = static_cast<RangeAction>(Below(3));
+            const bool first = Below(2) == 0;
+            const int32_t from = Below(static_cast<int>(text.size()) + 2) - 1;
+            const int32_t to = from + Below(6) - 1;
+            ApplyRangeEdit(action, first, from, to);
+            return RangeModel(text, action, first, from, to);
+        }
+        if (kind == 4) {
+            auto& values = editor.hdlAids.templates.parameterValues;
+            values[0] = Pick({"top", "a_b", ""});
+            values[1] = Pick({"clk", "d, q", ""});
+            const TextPos at = Caret(text);
+            InsertTemplate(entity);
+            std::string body = "entity " + values[0] + " is\n  port (" + values[1] +
+                               " : in bit);\nend " + values[0] + ";\n";
+            const Outcome inserted = Replace(text, at, at, body);
+            return inserted.mustFail ? text : inserted.text;
+        }
+        // Typing an abbreviation (or a plain word) and expanding the word before the caret.
+        const std::string typed = " " + Pick({"ent", "SLV", "sl", "x"});
+        const TextPos at = Caret(text);
+        RecordEdit(*buffer, at, at, typed, EndOfInsertion(at, typed), AnyScroll(), {}, {});
+        const Outcome typing = Replace(text, at, at, typed);
+        Lines after = typing.mustFail ? text : typing.text;
+        const TextPos caret = Caret(after);
+        const std::string& line = after[static_cast<size_t>(caret.line)];
+        int32_t from = caret.column;
+        while (from > 0 && IsWordByte(line[static_cast<size_t>(from - 1)]))
+            --from;
+        const std::string word = Folded(line.substr(from, caret.column - from), true);
+        LanguageExpand();
+        const std::string value = word == "ent"   ? "entity"
+                                  : word == "slv" ? "std_logic_vector(7 downto 0)"
+                                                  : "";
+        if (value.empty()) return after;
+        const Outcome expanded = Replace(after, MakePos(caret.line, from), caret, value);
+        return expanded.mustFail ? after : expanded.text;
+    }
+
+    TestBuffer buffer{"entity top is\n\tport (clk : in bit); -- the clock\n\nend entity;"};
+    Template entity;
+};
+
+TEST_P(EditingCommandsRandomTest, EveryCommandMatchesItsModelAndUndoesAsAWhole) {
+    buffer->language = &LanguageEntry(1);
+    Lines text{"entity top is", "\tport (clk : in bit); -- the clock", "", "end entity;"};
+    const Lines start = text;
+    int transactions = 0;
+    for (int step = 0; step < 1000; ++step) {
+        SCOPED_TRACE("step " + std::to_string(step));
+        const int before = buffer.LoggedTransactions();
+        const Lines after = RunCommand(text);
+        ASSERT_TRUE(Matches(*buffer, after));
+        const int recorded = buffer.LoggedTransactions() - before;
+        transactions += recorded;
+        if (Below(4) == 0) {
+            // The command's steps undo to the text before it and redo to the text after it.
+            for (int i = 0; i < recorded; ++i)
+                ASSERT_EQ(UndoTransaction(), 0);
+            ASSERT_TRUE(Matches(*buffer, text));
+            for (int i = 0; i < recorded; ++i)
+                ASSERT_EQ(RedoTransaction(*buffer), 0);
+            ASSERT_TRUE(Matches(*buffer, after));
+        }
+        text = after;
+    }
+    for (int i = 0; i < transactions; ++i)
+        ASSERT_EQ(UndoTransaction(), 0);
+    EXPECT_EQ(UndoTransaction(), 1);
+    EXPECT_TRUE(Matches(*buffer, start));
+    EXPECT_TRUE(LogIsLinked(*buffer));
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, EditingCommandsRandomTest, ::testing::Values(3u, 11u, 99u));
 
 INSTANTIATE_TEST_SUITE_P(Seeds, EngineRandomTest, ::testing::Values(1u, 7u, 42u, 2026u));
 
