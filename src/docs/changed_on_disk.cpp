@@ -59,11 +59,18 @@ int reloadBuffer(EditBuffer& buffer) {
                                    "' to refresh the window contents.");
         return 1;
     }
-    ClearLineList(&buffer.lines);
-    (void)readLines(file, buffer.lines);
+    // Read beside the old text, which stays when memory runs out.
+    LineList fresh;
+    fresh.growBy = buffer.lines.growBy;
+    fresh.readOnly = buffer.lines.readOnly;
+    const long count = readLines(file, fresh);
     std::fclose(file);
-    if (buffer.lines.lineCount == 0) (void)AppendLine(&buffer.lines, "");
-    buffer.lines.modified = 0;
+    if (count < 0 || (fresh.lineCount == 0 && AppendLine(&fresh, "") != 0)) {
+        ClearLineList(&fresh);
+        return 1;
+    }
+    ClearLineList(&buffer.lines);
+    std::swap(buffer.lines, fresh);
     const std::optional<FileStatus> status = fileStatus(buffer.fullPath);
     buffer.fileTime = status ? status->modTime : 0;
     KeepPositionsValid(buffer);

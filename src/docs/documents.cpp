@@ -105,7 +105,15 @@ int openFile(std::string_view name, int createNew, int readOnly, int kind) {
     CopyBounded(buffer->fileName, name, MaxFileName);
     CopyBounded(buffer->fullPath, fullPath, MaxFileName);
 
-    if (createNew != 0 || name.empty() || !readFileIntoBuffer(*buffer, buffer->fileName)) {
+    const FileRead read = createNew != 0 || name.empty()
+                              ? FileRead::CannotOpen
+                              : readFileIntoBuffer(*buffer, buffer->fileName);
+    if (read == FileRead::OutOfMemory) {
+        // The open is abandoned: an empty buffer saved under the name would lose the file.
+        FreeBufferRecord(buffer);
+        return 1;
+    }
+    if (read != FileRead::Read) {
         ClearLineList(&buffer->lines);
         if (AppendLine(&buffer->lines, "") != 0) {
             FreeBufferRecord(buffer);

@@ -141,20 +141,26 @@ long readLines(std::FILE* file, LineList& lines) {
     return count;
 }
 
-bool readFileIntoBuffer(EditBuffer& buffer, std::string_view name) {
+FileRead readFileIntoBuffer(EditBuffer& buffer, std::string_view name) {
     Host& host = TheEditor().host;
     const std::string nameText(name);
     std::FILE* file = std::fopen(nameText.c_str(), "rb");
     if (file == nullptr) {
         // The kind word is empty, hence the two blanks.
         host.ErrorBox(nullptr, ErrorText(ErrorCannotOpen, nameText.c_str(), ""));
-        return false;
+        return FileRead::CannotOpen;
     }
     host.SetBusyCursor(true);
     const std::optional<FileStatus> status = fileStatus(name);
     if (status) buffer.fileTime = status->modTime;
     const long count = readLines(file, buffer.lines);
     std::fclose(file);
+    if (count < 0) {
+        // Part of a file saved back would cut the file short.
+        ClearLineList(&buffer.lines);
+        host.SetBusyCursor(false);
+        return FileRead::OutOfMemory;
+    }
     if (buffer.lines.lineCount == 0) (void)AppendLine(&buffer.lines, "");
     if (status && count >= 0 && count != status->size) {
         char text[600];
@@ -165,7 +171,7 @@ bool readFileIntoBuffer(EditBuffer& buffer, std::string_view name) {
     }
     buffer.lines.modified = 0;
     host.SetBusyCursor(false);
-    return true;
+    return FileRead::Read;
 }
 
 } // namespace ruvo

@@ -18,8 +18,11 @@ constexpr int ReadChunkLength = 254;
 // memory ran out (what was read so far is kept).
 long readLines(std::FILE* file, LineList& lines);
 
+enum class FileRead { Read, CannotOpen, OutOfMemory };
+
 // Fills the buffer from the named file with its messages: the open failure, the byte count
-// check. Sets fileTime and clears modified. False when the file could not be opened.
-bool readFileIntoBuffer(EditBuffer& buffer, std::string_view name);
+// check. Sets fileTime and clears modified. When memory runs out the buffer is left empty,
+// never holding part of the file.
+[[nodiscard]] FileRead readFileIntoBuffer(EditBuffer& buffer, std::string_view name);
 
 } // namespace ruvo

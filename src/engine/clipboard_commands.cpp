@@ -6,6 +6,7 @@
 #include "commands/command_table.h"
 #include "engine/command_target.h"
 #include "engine/editing_commands.h"
+#include "engine/editor.h"
 #include "engine/text_store.h"
 #include "engine/transaction_log.h"
 #include "host/host.h"
@@ -79,10 +80,23 @@ int EditPaste() {
         if (c == '\0') break;
         if (c != '\r') text += c;
     }
-    if (buffer->lines.hasSelection != 0) DeleteSelection();
+    const bool selected = buffer->lines.hasSelection != 0;
+    const TextPos selStart = buffer->selStart;
+    const TextPos selEnd = buffer->selEnd;
+    const std::string selection = selected ? RangeText(*buffer, selStart, selEnd) : std::string();
+    const long& failures = TheEditor().settings.allocator.failures;
+    const long failuresBefore = failures;
+    if (selected) DeleteSelection();
+    if (failures != failuresBefore) return 0; // the selection is still there
     const TextPos caret = ClampPos(*buffer, buffer->cursor.line, buffer->cursor.column);
     RecordEdit(*buffer, caret, caret, text, EndOfInsertion(caret, text),
                ScrollTarget{ScrollShow, ScrollShow}, MakePos(0, 0), MakePos(0, 0));
+    // When memory ran out before the text was in, the selection comes back: it may no longer
+    // be in the undo history.
+    if (selected && failures != failuresBefore && !TextStandsAt(*buffer, caret, text)) {
+        RecordEdit(*buffer, selStart, selStart, selection, selEnd,
+                   ScrollTarget{ScrollShow, ScrollShow}, selStart, selEnd);
+    }
     return 0;
 }
 

@@ -294,8 +294,10 @@ int RedoTransaction(EditBuffer& buffer) {
             LogMessage(RedoMismatch);
             LogMessage(HistoryCleared);
             ResetTransactionLog(buffer);
-        } else if (!Replace(buffer, record->start, oldText, newText)) {
-            LogMessage(LineTooLong);
+        } else if (const long failures = TheEditor().settings.allocator.failures;
+                   !Replace(buffer, record->start, oldText, newText)) {
+            // Memory that ran out has been reported already; the line is not too long.
+            if (TheEditor().settings.allocator.failures == failures) LogMessage(LineTooLong);
             FreeTransactionsFrom(buffer, record); // its prev becomes tail and current
         } else {
             SetCursorAndScroll(buffer, record->cursorAfter, record->topLineAfter,

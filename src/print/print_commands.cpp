@@ -196,7 +196,7 @@ void PrintFileFromCommandLine(std::string_view fileName) {
     }
     EditBuffer buffer;
     buffer.lines.growBy = PrintGrowBy;
-    if (readFileIntoBuffer(buffer, name)) {
+    if (readFileIntoBuffer(buffer, name) == FileRead::Read) {
         PrintSource source;
         source.lines = &buffer.lines;
         source.endLine = PrintedEnd(buffer.lines, 0, buffer.lines.lineCount);

@@ -16,6 +16,7 @@ namespace {
 void ReportFailure(long requested) {
     AllocatorStats& stats = TheEditor().settings.allocator;
     stats.lastFailed = true;
+    ++stats.failures;
     char text[96];
     std::snprintf(text, sizeof text, "Alloc failed for %d bytes (Total %ld).",
                   static_cast<int>(requested), stats.totalBytes);
@@ -42,7 +43,8 @@ void* Allocate(void* block, long oldCount, long count, long elementSize) {
     const long grownSize = oldCount >= 0 && count <= LONG_MAX - oldCount
                                ? ByteSize(oldCount + count, elementSize)
                                : -1;
-    if (requested < 0 || grownSize < 0 ||
+    ++stats.calls;
+    if (requested < 0 || grownSize < 0 || stats.calls == stats.failCall ||
         (stats.limitBytes >= 0 && stats.totalBytes + requested > stats.limitBytes)) {
         ReportFailure(requested);
         return nullptr;

@@ -21,6 +21,9 @@ struct AllocatorStats {
     long totalBytes = 0;   // every byte ever obtained; never reduced on release
     bool lastFailed = false;
     long limitBytes = -1;  // tests: requests that would pass this total fail; -1 for none
+    long calls = 0;        // every Allocate so far
+    long failures = 0;     // every Allocate that failed so far
+    long failCall = 0;     // tests: the Allocate that makes calls this number fails; 0 for none
 };
 
 struct SettingsState {
