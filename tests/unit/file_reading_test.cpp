@@ -175,7 +175,7 @@ TEST_F(FileReadingTest, TheReaderGivesWhatTheChunkRuleGivesAndItsLinesEditLikeAn
     }
 }
 
-TEST_F(FileReadingTest, RunningOutOfMemoryKeepsTheLinesReadAndNamesTheRequestAndTheTotal) {
+TEST_F(FileReadingTest, RunningOutOfMemoryOpensNothingAndNamesTheRequestAndTheTotal) {
     std::string bytes;
     for (int i = 0; i < 20000; ++i)
         bytes += "  NAND2X1 U" + std::to_string(i) + " (.A(n1), .Y(n2));\n";
@@ -189,7 +189,8 @@ TEST_F(FileReadingTest, RunningOutOfMemoryKeepsTheLinesReadAndNamesTheRequestAnd
          {static_cast<long>(bytes.size() / 2), static_cast<long>(bytes.size()) + 20000}) {
         host.boxes.clear();
         stats.limitBytes = stats.totalBytes + room;
-        EXPECT_EQ(openFile(path, 0, 0, KindDocument), 0);
+        // Part of the file in a buffer would cut the file short when saved: nothing opens.
+        EXPECT_EQ(openFile(path, 0, 0, KindDocument), 1);
         const long limit = stats.limitBytes;
         stats.limitBytes = -1;
         ASSERT_EQ(host.boxes.size(), 1u) << room;
@@ -201,12 +202,7 @@ TEST_F(FileReadingTest, RunningOutOfMemoryKeepsTheLinesReadAndNamesTheRequestAnd
             << host.boxes[0].text;
         EXPECT_LE(total, limit);
         EXPECT_GT(total + requested, limit);
-        const Lines kept = LinesOf(*Current());
-        ASSERT_GE(kept.size(), 1u);
-        ASSERT_LT(kept.size(), all.size());
-        for (size_t i = 0; i + 1 < kept.size(); ++i)
-            ASSERT_EQ(kept[i], all[i]) << i;
-        closeBuffer(*Current());
+        EXPECT_EQ(Current(), nullptr);
     }
     ASSERT_EQ(openFile(path, 0, 0, KindDocument), 0);
     EXPECT_EQ(LinesOf(*Current()), all);
