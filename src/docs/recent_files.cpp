@@ -1,6 +1,9 @@
 // The five most recently closed files, kept in the profile section [Files].
 #include "docs/recent_files.h"
 
+#include <string>
+
+#include "commands/command_table.h"
 #include "docs/documents.h"
 #include "engine/editor.h"
 #include "host/host.h"
@@ -65,7 +68,16 @@ std::vector<std::string> recentMenuLabels() {
 }
 
 void rebuildRecentMenu() {
-    TheEditor().host.RecentFilesChanged(recentMenuLabels());
+    Host& host = TheEditor().host;
+    host.RecentFilesChanged(recentMenuLabels());
+    // An item is greyed while its slot is empty.
+    const auto& slots = TheEditor().documents.recentFiles;
+    for (int i = 0; i < RecentFileSlots; ++i) {
+        int row = -1;
+        const std::string name = "LoadMRUFile" + std::to_string(i + 1);
+        if (CommandByName(name, nullptr, false, &row) != nullptr)
+            host.EnableCommand(row, !slots[i].empty());
+    }
 }
 
 } // namespace ruvo

@@ -161,8 +161,8 @@ public:
     virtual void SetProgressText(std::string_view) {}
 
     // --- Recent files -----------------------------------------------------------------------
-    // The File menu's five recent-file labels changed; item i is enabled when its slot
-    // (TheEditor().documents.recentFiles[i]) is not empty.
+    // The File menu's five recent-file labels changed (item i is command LoadMRUFile<i+1>);
+    // their greying follows through EnableCommand.
     virtual void RecentFilesChanged(const std::vector<std::string>&) {}
 
     // --- Window menu ------------------------------------------------------------------------

@@ -239,8 +239,7 @@ void WinHost::ScrollPositionChanged(EditBuffer&) {
 void WinHost::RecentFilesChanged(const std::vector<std::string>& labels) {
     HMENU menu = shell.menuBar;
     if (menu == nullptr) return;
-    const auto& slots = TheEditor().documents.recentFiles;
-    for (size_t i = 0; i < labels.size() && i < slots.size(); ++i) {
+    for (size_t i = 0; i < labels.size(); ++i) {
         char name[16];
         std::snprintf(name, sizeof name, "LoadMRUFile%d", static_cast<int>(i + 1));
         int row = -1;
@@ -248,7 +247,6 @@ void WinHost::RecentFilesChanged(const std::vector<std::string>& labels) {
         const UINT id = static_cast<UINT>(CommandMenuIdBase + row);
         if (GetMenuState(menu, id, MF_BYCOMMAND) == static_cast<UINT>(-1)) continue;
         ModifyMenuA(menu, id, MF_BYCOMMAND | MF_STRING, id, labels[i].c_str());
-        EnableMenuItem(menu, id, MF_BYCOMMAND | (slots[i].empty() ? MF_GRAYED : MF_ENABLED));
     }
 }
 

@@ -166,9 +166,13 @@ TEST_F(MenuDescriptionTest, HelpFilesUpToTheFirstEmptyTitleAndTheirCommands) {
 }
 
 TEST_F(MenuDescriptionTest, FinishingTheMenuGreysWhatNeedsAWindowAndTheEmptyRecentFiles) {
+    editor.documents.recentFiles[1] = "C:\\work\\b.vhd";
     FinishMainMenu();
     ASSERT_EQ(host.recentMenus.size(), 1u);
     EXPECT_EQ(host.recentMenus[0][0], "&1 ");
+    EXPECT_EQ(host.recentMenus[0][1], "&2 C:\\work\\b.vhd");
+    for (int slot = 0; slot < 5; ++slot) // LoadMRUFile1 to 5: only the filled slot is enabled
+        EXPECT_EQ(host.enabledCommands.at(8 + slot), slot == 1) << slot;
     EXPECT_FALSE(host.enabledCommands.at(3));     // SaveFile
     EXPECT_FALSE(host.enabledCommands.at(37));    // EditUndo
     EXPECT_FALSE(host.enabledCommands.at(27));    // NextError

@@ -3,7 +3,7 @@
 # click on its first item makes a new window, Options > Keyboard shows the key of a chosen
 # command; then a binding of a custom accel.ini works. Screenshots: the menu bar with the open
 # File menu, the Edit menu with its key texts, the Window menu listing the windows, the keyboard
-# accelerators dialog.
+# accelerators dialog, the File menu with one recent file.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/../../lib.sh"
 
@@ -47,15 +47,26 @@ e2e_key Escape
 e2e_driver wait-no-window "Keyboard accelerators mapping:" "$E2E_TIMEOUT"
 e2e_close_ruvo
 
-# A custom key file: its binding works, and the fixed window keys still hold.
+# A custom key file: its binding works, and the fixed window keys still hold. a.vhd, closed
+# at the exit, is now the first recent file: its item is enabled, the four empty ones grey.
 printf 'KEY Ctrl+Shift+N NewFile\r\nKEY F12 About\r\n' >"$E2E_APP_DIR/my_keys.ini"
 e2e_ini_set "$E2E_PROFILE" GUI Accellerators 'C:\ruvo\my_keys.ini'
-e2e_start_ruvo 'C:\work\a.vhd'
+e2e_start_ruvo
 e2e_driver wait-frame "$E2E_TIMEOUT" foreground
 e2e_key ctrl+shift+n
 e2e_key ctrl+n
 e2e_driver children
-e2e_expect "windows after Ctrl+Shift+N and an unbound Ctrl+N" "$(e2e_value children)" "2"
+e2e_expect "windows after Ctrl+Shift+N and an unbound Ctrl+N" "$(e2e_value children)" "1"
+e2e_key alt+f
+e2e_driver popup-rect "$E2E_TIMEOUT"
+e2e_shot file_menu_recent
+e2e_key 1
+for _ in $(seq 50); do
+    e2e_driver active
+    [[ $(e2e_value active) == 'C:\work\a.vhd' ]] && break
+    sleep 0.2
+done
+e2e_expect "window after File > 1" "$(e2e_value active)" 'C:\work\a.vhd'
 e2e_key F12
 e2e_driver wait-window About "$E2E_TIMEOUT" answer About ok
 e2e_close_ruvo
