@@ -26,6 +26,7 @@
 #include "print/print_commands.h"
 #include "settings/error_report.h"
 #include "settings/options_dialog.h"
+#include "tools/tool_commands.h"
 
 namespace ruvo {
 
@@ -178,6 +179,12 @@ int CommandIndexOfMenuId(int menuId) {
     if (menuId < CommandMenuIdBase) return -1;
     const int index = menuId - CommandMenuIdBase;
     return index < CommandRowCount ? index : -1;
+}
+
+const char* CommandLabel(int index) {
+    if (!IsValidIndex(index)) return nullptr;
+    const std::string* label = TheEditor().commands.labelOverrides[static_cast<size_t>(index)];
+    return label != nullptr ? label->c_str() : CommandTable[index].label;
 }
 
 const char* CommandDescription(int index) {

@@ -48,6 +48,9 @@ const CommandRow* CommandByName(std::string_view name, const char* reporter, boo
 int CommandIndexOfHandler(CommandHandler handler);
 // Row number for a menu identifier in 10000..10098, else -1.
 int CommandIndexOfMenuId(int menuId);
+// The row's label as menus and button tips show it now: the name of a user tool for the
+// RunTool rows whose tool was loaded, else the table's label. Null outside 0..98.
+const char* CommandLabel(int index);
 // The row's description, or null outside 0..98.
 const char* CommandDescription(int index);
 // Calls the row's handler when there is one. Dispatch never tests the flags: handlers guard

@@ -24,56 +24,8 @@ void Arrange(Host::WindowArrangement arrangement) {
 
 } // namespace
 
-int VsystemOptions() {
-    return 0;
-}
-int VsystemVHDL() {
-    return 0;
-}
-int VsystemVerilog() {
-    return 0;
-}
-int LeonardoCompile() {
-    return 0;
-}
-int SynplifyVhdl() {
-    return 0;
-}
-int SynplifyVerilog() {
-    return 0;
-}
-int NextError() {
-    return 0;
-}
-int PrevError() {
-    return 0;
-}
-int LeonardoOptions() {
-    return 0;
-}
 int About() {
     TheEditor().host.AboutBox(AboutLines());
-    return 0;
-}
-int ToolOptions() {
-    return 0;
-}
-int RunTool1() {
-    return 0;
-}
-int RunTool2() {
-    return 0;
-}
-int RunTool3() {
-    return 0;
-}
-int RunTool4() {
-    return 0;
-}
-int RunTool5() {
-    return 0;
-}
-int RunTool6() {
     return 0;
 }
 int WindowCascade() {

@@ -128,7 +128,7 @@ std::optional<std::string> WinHost::InputDialog(std::string_view prompt, std::st
     request.prompt = std::string(prompt.substr(0, MaxPromptLength));
     request.text = std::string(initial);
     request.maxLength = std::clamp(maxLength, 1, MaxInputLength);
-    const INT_PTR result = DialogBoxParamA(shell.instance, InputDialogTemplate, shell.frame,
+    const INT_PTR result = DialogBoxParamA(shell.instance, InputDialogTemplate, PopupOwner(),
                                            InputDialogProc, reinterpret_cast<LPARAM>(&request));
     if (result != IDOK) return std::nullopt;
     return request.text;

@@ -10,13 +10,14 @@
 #include "engine/engine_state.h"
 #include "lang/language_state.h"
 #include "settings/settings_state.h"
+#include "tools/tools_state.h"
 
 namespace ruvo {
 
 class Host;
 
 struct Editor {
-    explicit Editor(Host& platform) : host(platform) {}
+    explicit Editor(Host& platform);
     Editor(const Editor&) = delete;
     Editor& operator=(const Editor&) = delete;
     ~Editor();
@@ -30,6 +31,7 @@ struct Editor {
     DocumentState documents;
     AidsState aids;
     HdlAidsState hdlAids;
+    ToolsState tools;
 };
 
 // The editor of this process. Installed by the program at start-up and by each test.

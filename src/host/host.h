@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -267,6 +268,16 @@ public:
     virtual void FreeButtonPictures(uintptr_t /*pictures*/) {}
     // Draws button `index` of the bar again at once, when the bar exists.
     virtual void RedrawButton(int /*index*/) {}
+
+    // --- Processes --------------------------------------------------------------------------
+    // Runs the command line in the directory (empty: the current one) with standard output and
+    // standard error joined into one pipe, and hands each piece read (at most 256 bytes) to
+    // `output` until the program has ended and the pipe is empty. False when the process
+    // could not be created.
+    virtual bool RunProcess(std::string_view /*commandLine*/, std::string_view /*directory*/,
+                            const std::function<void(std::string_view)>& /*output*/) {
+        return false;
+    }
 
     // --- About box --------------------------------------------------------------------------
     // A small modal box owned by the frame showing the lines centred, with an OK button.

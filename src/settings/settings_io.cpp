@@ -6,26 +6,28 @@
 #include "lang/language_io.h"
 #include "settings/options_io.h"
 #include "settings/profile.h"
+#include "tools/user_tools.h"
+#include "tools/vsystem.h"
 
 namespace ruvo {
 
 void LoadSettings() {
     SetUpProfile("RUVO_PROJECT", ProfileFileName);
     LoadOptions();
-    // The V-System settings load here, before the printing settings.
+    loadVsystem();
     LoadPrintSettings();
     LoadLanguages();
-    // The user-defined tools load here, after the languages.
+    loadTools();
     loadRecentFiles();
 }
 
 void SaveSettings() {
     SaveOptions();
-    // The V-System settings are saved here, first after [Options].
+    saveVsystem();
     SaveTemplatesToProfile();
     SavePrintSettings();
     SaveLanguages();
-    // The user-defined tools are saved here, last.
+    saveTools();
     // The recent-file list is not written here: it is written at program end either way.
 }
 

@@ -1,7 +1,9 @@
 // Status line window: pane layout, sunken-box drawing and text updates.
 #include "ui/status_window.h"
 
+#include <algorithm>
 #include <cstring>
+#include <string>
 
 #include "settings/allocator.h"
 #include "ui/win_host.h"
@@ -121,6 +123,17 @@ void Paint(HWND window) {
     EndPaint(window, &paint);
 }
 
+// The panes' texts joined by tabs: what the window's text is to other programs (the e2e
+// driver reads the status line this way).
+std::string JoinedPanes() {
+    std::string joined;
+    for (int i = 0; i < StatusPaneCount; ++i) {
+        if (i > 0) joined += '\t';
+        joined += StatusText(i);
+    }
+    return joined;
+}
+
 void ReleasePanes() {
     for (StatusPane& pane : Status().panes) {
         Release(pane.text);
@@ -144,6 +157,17 @@ LRESULT CALLBACK StatusWindowProc(HWND window, UINT message, WPARAM wParam, LPAR
     case WM_PAINT:
         Paint(window);
         return 0;
+    case WM_GETTEXTLENGTH:
+        return static_cast<LRESULT>(JoinedPanes().size());
+    case WM_GETTEXT: {
+        const std::string joined = JoinedPanes();
+        const size_t room = static_cast<size_t>(wParam);
+        if (room == 0) return 0;
+        const size_t length = std::min(joined.size(), room - 1);
+        std::memcpy(reinterpret_cast<char*>(lParam), joined.data(), length);
+        reinterpret_cast<char*>(lParam)[length] = '\0';
+        return static_cast<LRESULT>(length);
+    }
     case WM_DESTROY:
         ReleasePanes();
         TheWinHost().shell.statusWindow = nullptr;

@@ -24,10 +24,6 @@ std::string Terminated(std::string_view text) {
     return std::string(text);
 }
 
-HWND FrameOrNull() {
-    return TheWinHost().shell.frame;
-}
-
 } // namespace
 
 WinHost& TheWinHost() {
@@ -36,8 +32,18 @@ WinHost& TheWinHost() {
 
 // --- Message boxes ---------------------------------------------------------------------------
 
+HWND WinHost::PopupOwner() const {
+    // While a modal dialog runs, a box opened from it belongs to it: a box owned by the frame
+    // would hand the keys back to the frame when it closes, under the running dialog.
+    HWND active = GetActiveWindow();
+    if (active != nullptr && active != shell.frame && IsWindowEnabled(active) &&
+        GetWindow(active, GW_OWNER) == shell.frame)
+        return active;
+    return shell.frame;
+}
+
 void WinHost::ErrorBox(const char* caption, std::string_view text) {
-    MessageBoxA(FrameOrNull(), Terminated(text).c_str(), caption, MB_OK | MB_ICONSTOP);
+    MessageBoxA(PopupOwner(), Terminated(text).c_str(), caption, MB_OK | MB_ICONSTOP);
 }
 
 int WinHost::QuestionBox(const char* caption, std::string_view text, QuestionKind kind) {
@@ -55,7 +61,7 @@ int WinHost::QuestionBox(const char* caption, std::string_view text, QuestionKin
     default:
         return AnswerNo;
     }
-    const int answer = MessageBoxA(FrameOrNull(), Terminated(text).c_str(), caption,
+    const int answer = MessageBoxA(PopupOwner(), Terminated(text).c_str(), caption,
                                    buttons | MB_ICONQUESTION | MB_TASKMODAL);
     if (answer == IDYES || answer == IDOK) return AnswerYes;
     if (answer == IDCANCEL && kind == QuestionKind::YesNoCancel) return AnswerCancel;

@@ -18,6 +18,10 @@ class WinHost : public Host {
     ShellState shell;
     StatusLine status;
 
+    // The owner of message boxes and the input dialog: the frame, or the modal dialog that
+    // runs over it.
+    HWND PopupOwner() const;
+
     void ErrorBox(const char* caption, std::string_view text) override;
     int QuestionBox(const char* caption, std::string_view text, QuestionKind kind) override;
     void ErrorStream(std::string_view text) override;
@@ -63,6 +67,9 @@ class WinHost : public Host {
     void RecentFilesChanged(const std::vector<std::string>& labels) override;
     void ArrangeEditWindows(WindowArrangement how) override;
     void AboutBox(const std::vector<std::string>& lines) override; // about_box.cpp
+    // tools/process_runner_win32.cpp
+    bool RunProcess(std::string_view commandLine, std::string_view directory,
+                    const std::function<void(std::string_view)>& output) override;
 
     // Dialogs of the builder (dialogs/gadget_dialog_win32.cpp, dialogs/input_dialog_win32.cpp).
     DialogBaseUnits GetDialogBaseUnits() override;

@@ -57,6 +57,7 @@
 //                             MDI child ("active"), shows: "scroll-bars none|V|H|VH"
 //   popup-rect SECONDS        waits for an open menu (a visible pop-up menu window) and prints
 //                             its rectangle on the screen: "popup-rect x y width height"
+//   status-pane N             the text of status pane N (0 to 4): "status-pane <text>"
 //   sleep MILLISECONDS        pauses (only for things that have no window to wait for)
 #include <windows.h>
 
@@ -433,6 +434,17 @@ size_t Run(const std::vector<std::string>& args, size_t at) {
         std::printf("class-info %s %#lx %ld\n", className,
                     static_cast<unsigned long>(GetClassLongPtrA(window, GCL_STYLE)),
                     static_cast<long>(GetClassLongPtrA(window, GCL_CBWNDEXTRA)));
+        return at + 2;
+    }
+    if (name == "status-pane") {
+        const int pane = ToNumber(argument(1), "pane");
+        HWND status = FindWindowExA(RequireFrame(), nullptr, "StatusClass", nullptr);
+        if (status == nullptr) Fail("the frame has no status line");
+        // The status line's text is its five panes joined by tabs.
+        std::string text = TitleOf(status);
+        for (int i = 0; i < pane && text.find('\t') != std::string::npos; ++i)
+            text.erase(0, text.find('\t') + 1);
+        std::printf("status-pane %s\n", Escaped(text.substr(0, text.find('\t'))).c_str());
         return at + 2;
     }
     if (name == "children") {

@@ -332,4 +332,18 @@ uintptr_t FakeHost::LoadButtonPictures(std::string_view name) {
     return 0;
 }
 
+bool FakeHost::RunProcess(std::string_view commandLine, std::string_view directory,
+                          const std::function<void(std::string_view)>& output) {
+    processRuns.push_back({std::string(commandLine), std::string(directory)});
+    ScriptedProcess script;
+    if (!processScripts.empty()) {
+        script = std::move(processScripts.front());
+        processScripts.pop_front();
+    }
+    if (!script.starts) return false;
+    for (const std::string& piece : script.output)
+        output(piece);
+    return true;
+}
+
 } // namespace ruvo

@@ -65,7 +65,19 @@ class FakeHost : public Host {
     std::vector<uintptr_t> freedPictures;
     std::vector<int> redrawnButtons;
 
+    struct ProcessRun {
+        std::string commandLine;
+        std::string directory;
+    };
+    std::vector<ProcessRun> processRuns;              // every RunProcess, started or not
+
     // --- What the tests script ---
+    // What the next RunProcess does; with none queued the program starts and prints nothing.
+    struct ScriptedProcess {
+        bool starts = true;
+        std::vector<std::string> output; // the pieces handed over one by one
+    };
+    std::deque<ScriptedProcess> processScripts;
     std::deque<int> answers; // next question answers; empty: AnswerYes
     std::deque<std::optional<FileDialogResult>> fileDialogAnswers; // empty: cancelled
     std::optional<long> lzCopyResult; // forced result; else a real copy
@@ -143,6 +155,9 @@ class FakeHost : public Host {
     void DrawFoundText(EditBuffer& buffer, int line, int startColumn, int endColumn) override {
         foundTexts.push_back({&buffer, line, startColumn, endColumn});
     }
+
+    bool RunProcess(std::string_view commandLine, std::string_view directory,
+                    const std::function<void(std::string_view)>& output) override;
 
     std::map<EditBuffer*, std::string> windowTitles;
 

@@ -1,0 +1,37 @@
+// Helpers of the tool tests: a source file opened from a private folder, scripted output.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "docs/documents.h"
+#include "document_files.h"
+#include "editor_fixture.h"
+#include "engine/edit_buffer.h"
+#include "tools/result_window.h"
+
+namespace ruvo {
+
+class ToolsTest : public EditorTest {
+  protected:
+    // Writes the file and opens it as a document, which becomes the active buffer.
+    EditBuffer& OpenSource(const std::string& name, const std::string& text) {
+        const std::string path = folder.File(name);
+        WriteBytes(path, text);
+        EXPECT_EQ(openFile(path, 0, 0, KindDocument), 0);
+        return *editor.engine.currentBuffer;
+    }
+    // The next program prints these pieces.
+    void Prints(std::vector<std::string> pieces) {
+        host.processScripts.push_back({true, std::move(pieces)});
+    }
+    std::vector<std::string> ResultLines() {
+        EditBuffer* result = OpenResultBuffer();
+        return result != nullptr ? LinesOf(*result) : std::vector<std::string>{};
+    }
+    std::string StatusPane(int pane) const { return host.statusPanes[pane]; }
+
+    TempFolder folder;
+};
+
+} // namespace ruvo

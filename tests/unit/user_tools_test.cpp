@@ -1,0 +1,111 @@
+// User-defined tools: loading with its quirk, labels, saving, and running with "$$".
+#include "tools/user_tools.h"
+
+#include "commands/command_table.h"
+#include "tools/tool_commands.h"
+#include "tools_fixture.h"
+
+namespace ruvo {
+namespace {
+
+class UserToolsTest : public ToolsTest {
+  protected:
+    void Define(int n, const std::string& name, const std::string& executable = "",
+                const std::string& argument = "", const std::string& directory = "") {
+        const std::string k = std::to_string(n);
+        host.SetProfile("UserDefinedTools", "ToolName" + k, name);
+        host.SetProfile("UserDefinedTools", "Executable" + k, executable);
+        host.SetProfile("UserDefinedTools", "Argument" + k, argument);
+        host.SetProfile("UserDefinedTools", "WorkingDirectory" + k, directory);
+    }
+    std::string Label(int n) {
+        int row = -1;
+        (void)CommandByName("RunTool" + std::to_string(n), nullptr, false, &row);
+        return CommandLabel(row);
+    }
+};
+
+TEST_F(UserToolsTest, LoadingStopsAtTheFirstUnnamedSlotAndLabelsTheCommands) {
+    Define(1, "Lint", "C:\\bin\\lint.exe", "-f $$", "C:\\work");
+    Define(2, "Make", "make.exe");
+    Define(4, "Hidden", "x.exe");
+    loadTools();
+    const ToolTable& table = editor.tools.tools;
+    EXPECT_EQ(table.toolCount, 2);
+    EXPECT_EQ(table.slots[0], (ToolRecord{"Lint", "C:\\bin\\lint.exe", "-f $$", "C:\\work"}));
+    EXPECT_EQ(Label(1), "Lint");
+    EXPECT_EQ(Label(2), "Make");
+    EXPECT_EQ(Label(3), "RunTool3");
+    EXPECT_EQ(Label(4), "RunTool4");
+    EXPECT_EQ(CommandLabel(0), std::string("Open file"));
+    EXPECT_EQ(CommandLabel(99), nullptr);
+    // The label is the slot's name, whatever it becomes.
+    editor.tools.tools.slots[0].name = "Lint2";
+    EXPECT_EQ(Label(1), "Lint2");
+
+    // With all six named the count stays at its start value.
+    for (int n = 1; n <= 6; ++n)
+        Define(n, "T" + std::to_string(n), "t.exe");
+    editor.tools.tools = ToolTable{};
+    loadTools();
+    EXPECT_EQ(editor.tools.tools.toolCount, 0);
+    EXPECT_EQ(Label(6), "T6");
+
+    host.profileWrites.clear();
+    editor.tools.tools.slots[5] = ToolRecord{};
+    saveTools();
+    EXPECT_EQ(host.profileWrites.size(), 24u);
+    EXPECT_EQ(host.profileWrites.back(), "[UserDefinedTools] WorkingDirectory6=");
+    EXPECT_EQ(host.ProfileValue("UserDefinedTools", "ToolName5"), "T5");
+}
+
+TEST_F(UserToolsTest, ArgumentsGetTheFileName) {
+    EXPECT_EQ(toolCommandLine("C:\\t.exe", "-f $$ -o $$.log", "top.vhd"),
+              "C:\\t.exe -f top.vhd -o top.vhd.log");
+    EXPECT_EQ(toolCommandLine("t", "$ $$$ $", "a.v"), "t $ a.v$ $");
+    EXPECT_EQ(toolCommandLine("t", "", "a.v"), "t ");
+}
+
+TEST_F(UserToolsTest, RunningAToolNeedsAnExecutableAndForDollarsAWindow) {
+    Define(1, "Nothing");
+    Define(2, "Lint", "C:\\bin\\lint.exe", "-f $$ -o $$.log");
+    Define(3, "Version", "ver.exe", "--version", "C:\\tools");
+    loadTools();
+
+    EXPECT_EQ(RunTool1(), 0);
+    EXPECT_EQ(RunTool2(), 0);
+    ASSERT_EQ(host.boxes.size(), 2u);
+    EXPECT_EQ(host.boxes[0].caption, "Empty command line");
+    EXPECT_EQ(host.boxes[0].text, "Tool(1) 'Nothing' has no command executable specified.\nUse "
+                                  "Options -> Tools to specify a command.");
+    EXPECT_EQ(host.boxes[1].caption, "No active windows");
+    EXPECT_EQ(host.boxes[1].text, "Tool(2) 'Lint' uses active window in command line\narguments, "
+                                  "but no window is ative.");
+    EXPECT_TRUE(host.processRuns.empty());
+
+    // Without "$$" no window is needed.
+    Prints({"3.1\n"});
+    RunTool3();
+    ASSERT_EQ(host.processRuns.size(), 1u);
+    EXPECT_EQ(host.processRuns[0].commandLine, "ver.exe --version");
+    EXPECT_EQ(host.processRuns[0].directory, "C:\\tools");
+    EXPECT_EQ(StatusPane(3), "Running scriptfile 'ruvotool.bat' for Version.");
+    EXPECT_EQ(host.windowTitles[OpenResultBuffer()], "Result of tool 'Version'.");
+    EXPECT_EQ(ResultLines(), (std::vector<std::string>{"", "ver.exe --version", "", "3.1", ""}));
+
+    // The result window is the active one now: it does not count as a window for "$$".
+    RunTool2();
+    EXPECT_EQ(host.boxes.size(), 3u);
+    EditBuffer& source = OpenSource("top.vhd", "x");
+    source.lines.modified = 1;
+    RunTool2();
+    EXPECT_EQ(host.processRuns.back().commandLine, "C:\\bin\\lint.exe -f " +
+                                                       std::string(source.fileName) + " -o " +
+                                                       source.fileName + ".log");
+    EXPECT_EQ(host.processRuns.back().directory, ".");
+    EXPECT_EQ(source.lines.modified, 1); // not saved first
+    EXPECT_EQ(host.busyCursorDepth, 0);
+}
+
+} // namespace
+} // namespace ruvo
