@@ -1,5 +1,5 @@
-// The options dialogs of the tools as a user drives them: Tool Configuration, V-System Options
-// with its library buttons, Leonardo Options.
+// The options dialogs of the tools as a user drives them: Tool Configuration, and V-System
+// Options with its library buttons.
 #include <functional>
 
 #include "dialog_script.h"
@@ -9,8 +9,6 @@
 
 namespace ruvo {
 namespace {
-
-using Action = std::function<void(GadgetDialog&)>;
 
 class ToolDialogsTest : public ToolsTest {
   protected:
@@ -32,12 +30,6 @@ class ToolDialogsTest : public ToolsTest {
         Gadget& field = Nth(dialog, GadgetType::Edit, edit);
         host.TypeText(field, text);
         GadgetNotified(dialog, field.controlId, 0);
-    }
-    static std::vector<std::string> Names(const ToolTable& table) {
-        std::vector<std::string> names;
-        for (const ToolRecord& slot : table.slots)
-            names.push_back(slot.name);
-        return names;
     }
     ToolTable& Table() { return editor.tools.tools; }
     void LoadThreeTools() {
@@ -79,9 +71,10 @@ TEST_F(ToolDialogsTest, ToolsAreAddedDeletedAndEditedInPlace) {
     EXPECT_EQ(host.inputRequests.at(0).prompt, "Name of new tool : ");
     EXPECT_EQ(host.inputRequests.at(0).maxLength, 79);
     EXPECT_EQ(Table().toolCount, 3);
-    EXPECT_EQ(Names(Table()), (std::vector<std::string>{"T1", "New", "T3", "", "", ""}));
+    EXPECT_EQ(Table().slots[0], (ToolRecord{"T1", "t1.exe", "", ""}));
     EXPECT_EQ(Table().slots[1], (ToolRecord{"New", "new.exe", "-f $$", "C:\\w"}));
-    EXPECT_EQ(Table().slots[0].executable, "t1.exe");
+    EXPECT_EQ(Table().slots[2], (ToolRecord{"T3", "t3.exe", "", ""}));
+    EXPECT_EQ(Table().slots[3], ToolRecord{});
 
     // Cancel after editing, deleting and adding puts the table back exactly.
     const ToolTable before = Table();
@@ -117,24 +110,6 @@ TEST_F(ToolDialogsTest, NoWriteGoesPastTheSixSlots) {
     ToolOptions();
     EXPECT_EQ(Table(), before);
     EXPECT_TRUE(host.inputRequests.empty());
-
-    // Filling the last free slot disables adding.
-    Table() = ToolTable{};
-    Table().toolCount = 5;
-    for (int n = 0; n < 5; ++n)
-        Table().slots[static_cast<size_t>(n)].name = "T";
-    host.inputAnswers = {"Six"};
-    bool addDisabled = false;
-    host.dialogActions.push_back([&](GadgetDialog& d) {
-        Select(d, 4);
-        Press(d, "&Add new");
-        addDisabled = GadgetWithText(d, "&Add new")->IsDisabled();
-        DialogOkCommand(d);
-    });
-    ToolOptions();
-    EXPECT_TRUE(addDisabled);
-    EXPECT_EQ(Table().toolCount, 6);
-    EXPECT_EQ(Table().slots[5].name, "Six");
 }
 
 TEST_F(ToolDialogsTest, VsystemOptionsShowAndTakeTheSettings) {
@@ -182,17 +157,6 @@ TEST_F(ToolDialogsTest, VsystemOptionsShowAndTakeTheSettings) {
     EXPECT_EQ(host.processRuns[2].commandLine, "D:\\mti\\vmap");
     EXPECT_EQ(v.library, "mylib");
     EXPECT_EQ(v.vcomOptions, "");
-
-    // Leonardo's dialog is a layout that keeps nothing.
-    host.dialogActions.push_back([&](GadgetDialog& d) {
-        host.TypeText(*GadgetAfter(d, "&Path:"), "C:\\exemplar");
-        DialogOkCommand(d);
-    });
-    const size_t writes = host.profileWrites.size();
-    LeonardoOptions();
-    EXPECT_EQ(host.shownDialogs.back(), "Leonardo Options");
-    EXPECT_EQ(host.profileWrites.size(), writes);
-    EXPECT_EQ(v.executable, "D:\\mti\\vcom.exe");
 }
 
 } // namespace
