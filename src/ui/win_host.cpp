@@ -8,8 +8,8 @@
 #include "commands/command_table.h"
 #include "engine/edit_buffer.h"
 #include "engine/editor.h"
-#include "engine/text_store.h"
 #include "engine/status_update.h"
+#include "engine/text_store.h"
 #include "ui/caret.h"
 #include "ui/edit_paint.h"
 #include "ui/edit_window.h"
@@ -190,6 +190,13 @@ bool WinHost::ClipboardSetText(std::string_view text) {
 
 // --- Edit windows ----------------------------------------------------------------------------
 
+bool WinHost::HoldRedraw(EditBuffer& buffer) {
+    if (!holdingDrawing) return false;
+    if (std::find(heldWindows.begin(), heldWindows.end(), &buffer) == heldWindows.end())
+        heldWindows.push_back(&buffer);
+    return true;
+}
+
 bool WinHost::CreateEditWindow(EditBuffer& buffer) {
     HWND window = CreateEditWindowFor(buffer);
     if (window == nullptr) return false;
@@ -215,12 +222,14 @@ void WinHost::ActivateEditWindow(EditBuffer& buffer) {
 }
 
 void WinHost::RedrawLine(EditBuffer& buffer, int line) {
+    if (HoldRedraw(buffer)) return;
     const int row = line - buffer.topLine;
     if (row < 0 || row > buffer.visibleLines) return;
     PaintEditLinesNow(buffer, line, line, false);
 }
 
 void WinHost::RedrawWindow(EditBuffer& buffer) {
+    if (HoldRedraw(buffer)) return;
     PaintEditLinesNow(buffer, 0, buffer.lines.lineCount, true);
 }
 

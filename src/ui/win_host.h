@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <vector>
+
 #include "host/host.h"
 #include "ui/shell_state.h"
 #include "ui/status_window.h"
@@ -17,6 +19,18 @@ class WinHost : public Host {
 
     ShellState shell;
     StatusLine status;
+    struct HeldScrollBar {
+        HWND window = nullptr;
+        int bar = 0;
+        int min = 0, max = 0, pos = 0;
+        bool rangeHeld = false, posHeld = false;
+    };
+    bool holdingDrawing = false;
+    std::vector<HeldScrollBar> heldScrollBars;
+    std::vector<EditBuffer*> heldWindows; // to be drawn whole
+    HeldScrollBar& HeldBar(HWND window, int bar);
+    // True when drawing is held: the window is drawn whole when it is shown.
+    bool HoldRedraw(EditBuffer& buffer);
 
     // The owner of message boxes and the input dialog: the frame, or the modal dialog that
     // runs over it.
@@ -98,6 +112,11 @@ class WinHost : public Host {
     void MoveCaret(EditBuffer& buffer) override;
     void RecreateCaret(EditBuffer& buffer) override;
     void NudgePointer(bool down) override;
+    // While a program's output streams in, edit windows are drawn and scroll bars set a few
+    // times a second instead of for every piece of output: under Wine drawing a window costs
+    // far more than taking in a piece. Showing what was held ends the holding unless kept.
+    void HoldDrawing();
+    void ShowHeldDrawing(bool keepHolding);
 
     // Printing (print/print_win32.cpp).
     PrintDialogAnswer PrintDialog(const PrintDialogRequest& request) override;

@@ -20,31 +20,80 @@ int Bar(bool vertical) {
     return vertical ? SB_VERT : SB_HORZ;
 }
 
-} // namespace
-
 // Redrawing a scroll bar costs more than painting a line of text, so a bar that already
 // shows the values is left alone.
+void ApplyRange(HWND window, int bar, int min, int max) {
+    SCROLLINFO shown{};
+    shown.cbSize = sizeof shown;
+    shown.fMask = SIF_RANGE;
+    if (::GetScrollInfo(window, bar, &shown) && shown.nMin == min && shown.nMax == max) return;
+    ::SetScrollRange(window, bar, min, max, TRUE);
+}
+
+void ApplyPos(HWND window, int bar, int pos) {
+    SCROLLINFO shown{};
+    shown.cbSize = sizeof shown;
+    shown.fMask = SIF_POS;
+    if (::GetScrollInfo(window, bar, &shown) && shown.nPos == pos) return;
+    ::SetScrollPos(window, bar, pos, TRUE);
+}
+
+} // namespace
+
+WinHost::HeldScrollBar& WinHost::HeldBar(HWND window, int bar) {
+    for (HeldScrollBar& held : heldScrollBars)
+        if (held.window == window && held.bar == bar) return held;
+    HeldScrollBar& added = heldScrollBars.emplace_back();
+    added.window = window;
+    added.bar = bar;
+    return added;
+}
+
 void WinHost::SetScrollBarRange(EditBuffer& buffer, bool vertical, int min, int max) {
     HWND window = WindowOf(buffer);
     if (window == nullptr) return;
     // A text shorter than the window has nothing to scroll; an empty range hides the bar.
     max = std::max(min, max);
-    SCROLLINFO shown{};
-    shown.cbSize = sizeof shown;
-    shown.fMask = SIF_RANGE;
-    if (::GetScrollInfo(window, Bar(vertical), &shown) && shown.nMin == min && shown.nMax == max)
+    if (holdingDrawing) {
+        HeldScrollBar& held = HeldBar(window, Bar(vertical));
+        held.min = min;
+        held.max = max;
+        held.rangeHeld = true;
         return;
-    ::SetScrollRange(window, Bar(vertical), min, max, TRUE);
+    }
+    ApplyRange(window, Bar(vertical), min, max);
 }
 
 void WinHost::SetScrollBarPos(EditBuffer& buffer, bool vertical, int pos) {
     HWND window = WindowOf(buffer);
     if (window == nullptr) return;
-    SCROLLINFO shown{};
-    shown.cbSize = sizeof shown;
-    shown.fMask = SIF_POS;
-    if (::GetScrollInfo(window, Bar(vertical), &shown) && shown.nPos == pos) return;
-    ::SetScrollPos(window, Bar(vertical), pos, TRUE);
+    if (holdingDrawing) {
+        HeldScrollBar& held = HeldBar(window, Bar(vertical));
+        held.pos = pos;
+        held.posHeld = true;
+        return;
+    }
+    ApplyPos(window, Bar(vertical), pos);
+}
+
+void WinHost::HoldDrawing() {
+    holdingDrawing = true;
+}
+
+void WinHost::ShowHeldDrawing(bool keepHolding) {
+    holdingDrawing = false;
+    std::vector<EditBuffer*> windows;
+    windows.swap(heldWindows);
+    // Nothing else runs while output is held, so every held buffer is still open.
+    for (EditBuffer* buffer : windows)
+        RedrawWindow(*buffer);
+    for (const HeldScrollBar& held : heldScrollBars) {
+        if (IsWindow(held.window) == 0) continue; // closed meanwhile
+        if (held.rangeHeld) ApplyRange(held.window, held.bar, held.min, held.max);
+        if (held.posHeld) ApplyPos(held.window, held.bar, held.pos);
+    }
+    heldScrollBars.clear();
+    holdingDrawing = keepHolding;
 }
 
 void WinHost::ScrollWindowLines(EditBuffer& buffer, int lines) {

@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
 # Compiling from the editor with the stand-in compilers and stepping through the messages:
-# a user tool with "$$" and one whose program is missing, a V-System compile of a file with
-# two errors and a warning, NextError and PrevError (each selected source line read through
-# the clipboard), the result window followed with a key, a click and Return, a Leonardo run,
-# and stepping after the source window was closed. Screenshot: the result window beside the
-# source with its markers.
+# a user tool with "$$", one whose program is missing and one that prints megabytes, a
+# V-System compile of a file with two errors and a warning, NextError and PrevError (each
+# selected source line read through the clipboard), the result window followed with a key, a
+# click and Return, a Leonardo run, and stepping after the source window was closed.
+# Screenshot: the result window beside the source with its markers.
 set -euo pipefail
 here=$(dirname "${BASH_SOURCE[0]}")
 source "$here/../../lib.sh"
@@ -20,6 +20,12 @@ e2e_ini_set "$E2E_PROFILE" UserDefinedTools Argument1 '-f $$ -o $$.log'
 e2e_ini_set "$E2E_PROFILE" UserDefinedTools WorkingDirectory1 'C:\work'
 e2e_ini_set "$E2E_PROFILE" UserDefinedTools ToolName2 'Missing'
 e2e_ini_set "$E2E_PROFILE" UserDefinedTools Executable2 'C:\ruvo\no-such-tool.exe'
+e2e_ini_set "$E2E_PROFILE" UserDefinedTools ToolName3 'Flood'
+e2e_ini_set "$E2E_PROFILE" UserDefinedTools Executable3 'C:\ruvo\vcom.exe'
+e2e_ini_set "$E2E_PROFILE" UserDefinedTools Argument3 'flood.vhd'
+e2e_ini_set "$E2E_PROFILE" UserDefinedTools WorkingDirectory3 'C:\work'
+flood=20000 # lines of about 60 bytes with CR LF: 1.2 MB
+printf -- '-- vcom: flood %d\r\n' "$flood" >"$work/flood.vhd"
 
 line() { sed -n "$1p" "$here/counter.vhd"; }
 # Copies the active window's selection and compares it with the expected text.
@@ -44,6 +50,22 @@ expect_selection "tool output" 'argument 2: C:\work\counter.vhd'
 e2e_driver post-command RunTool2 wait-window Error 30 dialog-text Error
 e2e_expect "missing program" "$(e2e_value dialog-text)" "Can not create process 'C:\\ruvo\\no-such-tool.exe '"
 e2e_driver answer Error ok
+
+# A tool that prints megabytes in one go: every line arrives, without its CR, up to the last.
+started=$(date +%s%N)
+e2e_driver command RunTool3
+ms=$((($(date +%s%N) - started) / 1000000))
+e2e_key ctrl+End
+e2e_driver status-pane 0
+read -r end_line _ end_column <<<"$(e2e_value status-pane)"
+# The header's four lines, the command line, one line before the flood, one after it, and the
+# empty line behind the last line feed.
+e2e_expect "lines of the flood" "$end_line:$end_column" "$((flood + 7)):0"
+e2e_key Up Up Home shift+End
+expect_selection "last line of the flood" \
+    "-- Elaborating instance $flood of $flood in the design hierarchy"
+echo "a tool printing $flood lines ($((flood * 60 / 1000)) kB) into the result window: $ms ms" |
+    tee -a "$E2E_ROOT/build/e2e-logs/performance.txt" >&2
 
 # The result window is no language file; the source is.
 e2e_driver command VsystemVHDL status-pane 4

@@ -63,7 +63,7 @@ xdotool_ms=$((($(date +%s%N) - started) / 1000000))
     echo "start to first painted window, $lines lines: $start_huge ms (40 lines: $start_small ms)"
     echo "1,000 keystrokes by SendMessage, $lines lines: $type_huge ms (40 lines: $type_small ms)"
     echo "1,000 keystrokes by xdotool (1 ms apart), $lines lines: $xdotool_ms ms"
-} | tee "$figures" >&2
+} | tee -a "$figures" >&2
 ((type_huge <= 3 * type_small + 1000)) ||
     e2e_fail "typing into $lines lines took $type_huge ms against $type_small ms for 40 lines"
 
