@@ -121,7 +121,7 @@ void CreateTooltips(HWND bar) {
     if (tooltip == nullptr) return;
     for (int i = 0; i < Bar().count; ++i) {
         TTTOOLINFOA tool = ToolOf(bar, i);
-        tool.lpszText = const_cast<char*>(CommandTable[Bar().buttons[i].command].label);
+        tool.lpszText = const_cast<char*>(CommandLabel(Bar().buttons[i].command));
         SendMessageA(tooltip, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
     }
 }

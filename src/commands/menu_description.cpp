@@ -247,10 +247,26 @@ void AppendKeyTexts() {
     }
 }
 
+namespace {
+
+// Items of a command whose label is a user tool's name show that name.
+void ShowToolNames() {
+    for (MenuEntry& entry : Menu().entries) {
+        if (entry.kind != MenuEntryKind::Item) continue;
+        const int row = CommandIndexOfMenuId(static_cast<int>(entry.commandId));
+        if (row < 0 || TheEditor().commands.labelOverrides[static_cast<size_t>(row)] == nullptr)
+            continue;
+        entry.text = std::string(CommandLabel(row)).substr(0, MaxMenuText);
+    }
+}
+
+} // namespace
+
 void PrepareMainMenu() {
     ReadHelpFiles();
     LoadKeyMap(ReadPath("GUI", "Accellerators", "accel.ini", PathCapacity));
     ReadMenuDescription(ReadPath("GUI", "Menu", "menu.ini", PathCapacity));
+    ShowToolNames();
     AppendKeyTexts();
 }
 

@@ -2,6 +2,7 @@
 #include "tools/user_tools.h"
 
 #include "commands/command_table.h"
+#include "commands/menu_description.h"
 #include "tools/tool_commands.h"
 #include "tools_fixture.h"
 
@@ -36,6 +37,16 @@ TEST_F(UserToolsTest, LoadingStopsAtTheFirstUnnamedSlotAndLabelsTheCommands) {
     EXPECT_EQ(Label(1), "Lint");
     EXPECT_EQ(Label(2), "Make");
     EXPECT_EQ(Label(3), "RunTool3");
+    // Menu items of a named tool show its name.
+    const std::string menu = folder.File("menu.ini");
+    WriteBytes(menu,
+               "MENU \"&Run tool\"\nITEM \"Tool &1\" RunTool1\nITEM \"Tool &3\" RunTool3\nEND\n");
+    host.SetProfile("GUI", "Menu", menu);
+    PrepareMainMenu();
+    const std::vector<MenuEntry>& entries = editor.customisation.menu.entries;
+    ASSERT_GE(entries.size(), 3u);
+    EXPECT_EQ(entries[1].text, "Lint");
+    EXPECT_EQ(entries[2].text, "Tool &3");
     // The label is the slot's name, whatever it becomes.
     editor.tools.tools.slots[0].name = "Lint2";
     EXPECT_EQ(Label(1), "Lint2");
