@@ -24,7 +24,7 @@ e2e_ini_set "$E2E_PROFILE" UserDefinedTools ToolName3 'Flood'
 e2e_ini_set "$E2E_PROFILE" UserDefinedTools Executable3 'C:\ruvo\vcom.exe'
 e2e_ini_set "$E2E_PROFILE" UserDefinedTools Argument3 'flood.vhd'
 e2e_ini_set "$E2E_PROFILE" UserDefinedTools WorkingDirectory3 'C:\work'
-flood=20000 # lines of about 60 bytes with CR LF: 1.2 MB
+flood=17500 # lines of about 60 bytes with CR LF: 1 MB
 printf -- '-- vcom: flood %d\r\n' "$flood" >"$work/flood.vhd"
 
 line() { sed -n "$1p" "$here/counter.vhd"; }
