@@ -6,7 +6,9 @@
 #include <functional>
 #include <new>
 
+#include "engine/editor.h"
 #include "engine/line_list.h"
+#include "host/host.h"
 #include "settings/allocator.h"
 
 namespace ruvo {
@@ -61,6 +63,7 @@ bool StartSlab(LineSlabs& slabs, long needed, long expectedBytes) {
     }
     char* block = static_cast<char*>(Allocate(nullptr, 0, size, 1));
     if (block == nullptr) return false;
+    TheEditor().host.MapMemoryAhead(block, static_cast<size_t>(size));
     int32_t at = slabs.count;
     while (at > 0 && Before(block, slabs.slabs[at - 1].begin))
         --at;

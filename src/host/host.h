@@ -2,6 +2,7 @@
 // WinHost (src/ui) implements it with Win32 calls; FakeHost (tests) records every call.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -154,6 +155,9 @@ public:
     // LzError* code of the copy.
     virtual long LzCopy(std::string_view source, std::string_view target) = 0;
     virtual void SetBusyCursor(bool busy) = 0;
+    // Fresh memory about to be filled at once (a slab of a file's lines): the platform may map
+    // all its pages in one step instead of one page fault at a time.
+    virtual void MapMemoryAhead(void* /*block*/, size_t /*bytes*/) {}
     // The progress window shown while saving large buffers.
     virtual void ShowProgress(std::string_view title, int total) = 0;
     virtual void UpdateProgress(int done) = 0;

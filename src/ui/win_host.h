@@ -74,6 +74,7 @@ class WinHost : public Host {
     std::optional<FileDialogResult> FileDialog(const FileDialogRequest& request) override;
     long LzCopy(std::string_view source, std::string_view target) override;
     void SetBusyCursor(bool busy) override;
+    void MapMemoryAhead(void* block, size_t bytes) override;
     void ShowProgress(std::string_view title, int total) override;
     void UpdateProgress(int done) override;
     void HideProgress() override;

@@ -78,6 +78,13 @@ long WinHost::LzCopy(std::string_view source, std::string_view target) {
     return copied;
 }
 
+void WinHost::MapMemoryAhead(void* block, size_t bytes) {
+    // Locking maps every page at once (under Wine one mlock rather than a fault per page, which
+    // halves the start with a large file); where the working set is too small for the block it
+    // fails and the pages come one at a time as before.
+    if (VirtualLock(block, bytes)) VirtualUnlock(block, bytes);
+}
+
 void WinHost::SetBusyCursor(bool busy) {
     if (busy) {
         if (busyDepth_++ == 0) cursorBeforeBusy_ = SetCursor(LoadCursorA(nullptr, IDC_WAIT));
