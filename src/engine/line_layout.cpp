@@ -19,7 +19,7 @@ constexpr int ErrorMarkerSize = 10;
 constexpr int ErrorMarkerLeft = 3;
 constexpr int32_t ErrorListEnd = -1; // resultLine of the entry that closes the list
 constexpr int32_t ErrorListEndToo = -2;
-constexpr int32_t WarningKind = 2;
+constexpr int32_t ErrorKind = 0; // warnings and notes are marked yellow
 
 DisplayState& Display() {
     return TheEditor().engine.display;
@@ -236,7 +236,7 @@ int CollectErrorMarkers(const EditBuffer& buffer, const PaintPlan& plan, ErrorMa
         if (entry.resultLine == ErrorListEnd || entry.resultLine == ErrorListEndToo) break;
         const int32_t line = entry.sourceLine - 1;
         if (line < plan.firstLine || line >= plan.endLine) continue;
-        out[found++] = {line, entry.kind == WarningKind ? ColorYellow : ColorMarginError};
+        out[found++] = {line, entry.kind == ErrorKind ? ColorMarginError : ColorYellow};
     }
     return found;
 }

@@ -10,7 +10,9 @@
 #include "engine/text_store.h"
 #include "engine/transaction_log.h"
 #include "host/host.h"
+#include "tools/message_location.h"
 #include "tools/result_window.h"
+#include "tools/tool_messages.h"
 
 namespace ruvo {
 
@@ -26,21 +28,22 @@ ToolsState& Tools() {
     return TheEditor().tools;
 }
 
-// Selects a whole line with the caret at its start.
-void SelectLine(EditBuffer& buffer, int32_t line, ScrollTarget scroll) {
+// Selects a whole line with the caret at its start, or at a byte column of it.
+void SelectLine(EditBuffer& buffer, int32_t line, ScrollTarget scroll, int32_t caretColumn = 0) {
     const TextPos start = MakePos(line, 0);
-    RecordEdit(buffer, Origin, Origin, "", start, scroll, start,
+    RecordEdit(buffer, Origin, Origin, "", MakePos(line, caretColumn), scroll, start,
                ClampPos(buffer, line, LineEndColumn));
 }
 
 // Whether any entry of the list may be about this buffer (the margin asks for every window).
 bool ListCovers(const EditBuffer& buffer) {
-    return &buffer == Tools().sourceBuffer;
+    return &buffer == Tools().sourceBuffer || Tools().activeParser == ErrorMode::Formats;
 }
 
 // The source line of the entry in this buffer, or 0 when the entry is about another file.
 int32_t SourceLineIn(const ErrorEntry& entry, const EditBuffer& buffer) {
-    return entry.file.empty() && &buffer == Tools().sourceBuffer ? entry.sourceLine : 0;
+    if (!entry.file.empty()) return EntryIsIn(entry, buffer) ? entry.sourceLine : 0;
+    return &buffer == Tools().sourceBuffer ? entry.sourceLine : 0;
 }
 
 bool MarginEntry(const EditBuffer& buffer, int32_t index, MarginError& out) {
@@ -79,7 +82,9 @@ void ConnectErrorList(Editor& editor) {
 
 void buildErrorList(EditBuffer& resultBuffer, ErrorMode mode, std::string_view sourceBaseName) {
     ToolsState& tools = Tools();
-    const LineParser parse = MakeLineParser(mode, sourceBaseName);
+    const LineParser parse = mode == ErrorMode::Formats
+                                 ? MakeFormatParser(tools.runFormat, tools.runDirectory)
+                                 : MakeLineParser(mode, sourceBaseName);
     if (!parse) return;
     tools.activeParser = mode;
     tools.errorList.clear();
@@ -104,8 +109,10 @@ void discardErrors() {
     ToolsState& tools = Tools();
     tools.errorList.clear();
     tools.errorList.shrink_to_fit();
+    const bool manyFiles = tools.activeParser == ErrorMode::Formats;
     tools.activeParser = ErrorMode::None;
     SetCommandsEnabled(NeedsErrorList, false);
+    if (manyFiles) RedrawDocuments();
     if (IsOpen(tools.sourceBuffer)) TheEditor().host.RedrawWindow(*tools.sourceBuffer);
 }
 
@@ -124,8 +131,10 @@ void showError(int32_t resultLine, bool activateSource) {
     EditBuffer* result = OpenResultBuffer();
     if (result == nullptr || tools.activeParser == ErrorMode::None) return;
     if (resultLine < 1 || resultLine >= result->lines.lineCount) return;
+    // Entries of a user tool name their own files; the others belong to the compiled source.
+    const bool ownFiles = tools.activeParser == ErrorMode::Formats;
     EditBuffer* source = tools.sourceBuffer;
-    if (!IsOpen(source)) {
+    if (!ownFiles && !IsOpen(source)) {
         host.SetStatusPane(ToolPane, SourceRemoved, true);
         return;
     }
@@ -135,9 +144,14 @@ void showError(int32_t resultLine, bool activateSource) {
     // The message line is selected even when its source line lies outside the source, so
     // stepping goes on past it.
     SelectLine(*result, resultLine, ScrollTarget{});
+    if (ownFiles) source = EntryWindow(*found, activateSource);
+    if (source == nullptr) return;
     const int32_t sourceLine = found->sourceLine;
     if (sourceLine < 1 || sourceLine > source->lines.lineCount) return;
-    SelectLine(*source, sourceLine - 1, ScrollTarget{ScrollCentreIfHidden, ScrollShow});
+    const int32_t column = found->column > 0 ? ColumnToByte(source->lines.lineText[sourceLine - 1],
+                                                            found->column, found->tabWidth)
+                                             : 0;
+    SelectLine(*source, sourceLine - 1, ScrollTarget{ScrollCentreIfHidden, ScrollShow}, column);
     if (activateSource) host.ActivateEditWindow(*source);
     host.SetStatusPane(ToolPane, result->lines.lineText[resultLine], false);
 }

@@ -64,6 +64,7 @@ LineParser MakeLineParser(ErrorMode mode, std::string_view sourceBaseName) {
         parse = parseLeonardoLine;
         break;
     case ErrorMode::None:
+    case ErrorMode::Formats:
         return {};
     }
     return [parse, name = std::string(sourceBaseName)](

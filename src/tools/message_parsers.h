@@ -16,7 +16,8 @@ constexpr int32_t KindNote = 1;
 constexpr int32_t KindWarning = 2;
 
 // Which compiler's format the output of a run is read in.
-enum class ErrorMode : int { None = 0, Vsystem = 1, Leonardo = 2 };
+// Formats: a user tool's output read with the message-format rules.
+enum class ErrorMode : int { None = 0, Vsystem = 1, Leonardo = 2, Formats = 3 };
 
 // The kind of an entry for a message's severity.
 int32_t EntryKind(MessageSeverity severity);

@@ -12,6 +12,7 @@
 #include "host/host.h"
 #include "settings/path_names.h"
 #include "tools/error_list.h"
+#include "tools/tool_messages.h"
 
 namespace ruvo {
 
@@ -125,6 +126,12 @@ namespace {
 void ReadErrors(EditBuffer& result, ErrorMode errorMode) {
     Host& host = TheEditor().host;
     host.RedrawWindow(result);
+    if (errorMode == ErrorMode::Formats) {
+        // A user tool's messages name their files: no source needs to be open.
+        buildErrorList(result, errorMode, "");
+        RedrawDocuments();
+        return;
+    }
     EditBuffer* source = Tools().sourceBuffer;
     if (!IsOpen(source)) return;
     if (errorMode != ErrorMode::None) {

@@ -7,7 +7,9 @@
 #include "docs/documents.h"
 #include "engine/editor.h"
 #include "host/host.h"
+#include "settings/string_routines.h"
 #include "tools/tool_commands.h"
+#include "tools/tool_messages.h"
 
 namespace ruvo {
 
@@ -16,6 +18,9 @@ namespace {
 constexpr int ToolFieldLength = 83;
 constexpr int ToolNameLength = 79;
 constexpr const char* NamePrompt = "Name of new tool : ";
+constexpr const char* NoFormatItem = "(none)"; // the list entry of an empty Messages setting
+constexpr const char* FormatHint = "Next Error and Prev Error step through the tool's messages "
+                                   "in this format; auto tries every format.";
 
 struct ToolGadgets {
     Gadget* list = nullptr;
@@ -24,6 +29,7 @@ struct ToolGadgets {
     Gadget* executable = nullptr;
     Gadget* argument = nullptr;
     Gadget* directory = nullptr;
+    Gadget* messages = nullptr; // the message format of the tool's output
 };
 
 ToolsState& Tools() {
@@ -35,7 +41,8 @@ ToolGadgets GadgetsOf(GadgetDialog& dialog) {
     ToolGadgets g;
     std::vector<Gadget*> edits;
     for (auto& gadget : dialog.gadgets) {
-        if (gadget->type == GadgetType::DropDownList) g.list = gadget.get();
+        if (gadget->type == GadgetType::DropDownList)
+            (g.list == nullptr ? g.list : g.messages) = gadget.get();
         if (gadget->type == GadgetType::Edit) edits.push_back(gadget.get());
         if (gadget->text == "&Add new") g.add = gadget.get();
         if (gadget->text == "&Delete") g.remove = gadget.get();
@@ -66,7 +73,25 @@ void ShowSlot(const ToolGadgets& g, int slot) {
     setGadgetValue(*g.executable, record.executable);
     setGadgetValue(*g.argument, record.argument);
     setGadgetValue(*g.directory, record.workingDirectory);
+    // A format the rule file does not name shows no entry and stays until one is chosen.
+    const std::vector<std::string> choices = MessageFormatChoices();
+    int format = -1;
+    for (size_t i = 0; i < choices.size(); ++i)
+        if (EqualsNoCase(choices[i], record.messages)) format = static_cast<int>(i);
+    setGadgetValue(*g.messages, format);
     tools.fillingToolDialog = false;
+}
+
+int MessagesChanged(const ToolGadgets& g) {
+    ToolsState& tools = Tools();
+    const int slot = SelectedSlot(g);
+    const std::vector<std::string> choices = MessageFormatChoices();
+    const int format = GlGadgetGet(*g.messages);
+    if (tools.fillingToolDialog || slot < 0 || format < 0 ||
+        format >= static_cast<int>(choices.size()))
+        return GadgetStayOpen;
+    tools.tools.slots[static_cast<size_t>(slot)].messages = choices[static_cast<size_t>(format)];
+    return GadgetStayOpen;
 }
 
 int EditChanged(const ToolGadgets& g) {
@@ -147,6 +172,10 @@ std::unique_ptr<GadgetDialog> BuildDialog() {
     g.argument = ToolEdit(d, 84);
     Static(d, 99, "Working directory");
     g.directory = ToolEdit(d, 109);
+    GlGadgetCreate(d, GadgetType::StaticText, 10, 136, 56, 10, "&Messages:");
+    // The open list reaches below the row; the hint fills that room.
+    g.messages = GlGadgetCreate(d, GadgetType::DropDownList, 68, 134, 112, 66, "");
+    GlGadgetCreate(d, GadgetType::StaticText, 10, 152, 170, 24, FormatHint);
 
     GlGadgetSet(*g.list, {CallbackTag([g](Gadget&) {
         ShowSlot(g, SelectedSlot(g));
@@ -154,6 +183,7 @@ std::unique_ptr<GadgetDialog> BuildDialog() {
     })});
     GlGadgetSet(*g.add, {CallbackTag([g](Gadget&) { return AddTool(g); })});
     GlGadgetSet(*g.remove, {CallbackTag([g](Gadget&) { return DeleteTool(g); })});
+    GlGadgetSet(*g.messages, {CallbackTag([g](Gadget&) { return MessagesChanged(g); })});
     for (Gadget* edit : {g.executable, g.argument, g.directory})
         GlGadgetSet(*edit, {CallbackTag([g](Gadget&) { return EditChanged(g); })});
     addCloseButtons(
@@ -175,6 +205,11 @@ int ToolOptions() {
     for (int slot = 0; slot < tools.tools.toolCount; ++slot)
         names.push_back(tools.tools.slots[static_cast<size_t>(slot)].name);
     GlGadgetSet(*g.list, {ItemsTag(names)});
+    std::vector<std::string> formats = MessageFormatChoices();
+    formats.front() = NoFormatItem;
+    while (!g.messages->items.empty())
+        GlGadgetSet(*g.messages, {DeleteItemTag(0)});
+    GlGadgetSet(*g.messages, {ItemsTag(formats)});
     ShowSlot(g, 0);
     (void)showDialog(*dialog, true);
     return 0;

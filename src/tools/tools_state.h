@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "tools/message_formats.h"
 #include "tools/message_parsers.h"
 
 namespace ruvo {
@@ -22,7 +23,7 @@ struct ErrorEntry {
     int32_t kind = KindError;
     int32_t column = 0;   // 1-based; 0 when the tool names none
     int32_t tabWidth = 1; // the tool counts a tab up to the next multiple of this
-    std::string file;     // as the message names it; empty for the compiled source
+    std::string file;     // full path of the file named; empty for the compiled source
 };
 
 // The [Vsystem] section.
@@ -50,6 +51,7 @@ struct ToolRecord {
     std::string executable;
     std::string argument;
     std::string workingDirectory;
+    std::string messages; // the message format of its output; empty: not read
     friend bool operator==(const ToolRecord&, const ToolRecord&) = default;
 };
 
@@ -82,6 +84,9 @@ struct ToolsState {
     ToolTable toolsBeforeDialog;    // restored by Cancel
     bool fillingToolDialog = false; // the program itself fills the dialog's edits
     ToolDialogs dialogs;
+    MessageFormats formats;   // the rule file, read at start-up
+    std::string runFormat;    // the message format and working directory of the
+    std::string runDirectory; // user tool whose output is read (ErrorMode::Formats)
 };
 
 } // namespace ruvo

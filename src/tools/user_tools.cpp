@@ -9,6 +9,7 @@
 #include "host/host.h"
 #include "settings/profile.h"
 #include "tools/result_window.h"
+#include "tools/tool_messages.h"
 
 namespace ruvo {
 
@@ -36,12 +37,14 @@ const EditBuffer* ActiveDocument() {
 void loadTools() {
     Editor& editor = TheEditor();
     ToolTable& table = editor.tools.tools;
+    LoadMessageFormats();
     for (int n = 1; n <= ToolSlots; ++n) {
         ToolRecord& slot = table.slots[static_cast<size_t>(n - 1)];
         slot.name = ReadString(Section, Key("ToolName", n), "", ValueCapacity);
         slot.executable = ReadString(Section, Key("Executable", n), "", ValueCapacity);
         slot.argument = ReadString(Section, Key("Argument", n), "", ValueCapacity);
         slot.workingDirectory = ReadString(Section, Key("WorkingDirectory", n), "", ValueCapacity);
+        slot.messages = ReadString(Section, Key("Messages", n), "", ValueCapacity);
         if (slot.name.empty()) {
             table.toolCount = n - 1;
             return;
@@ -61,6 +64,10 @@ void saveTools() {
         (void)WriteString(Section, Key("Executable", n), slot.executable);
         (void)WriteString(Section, Key("Argument", n), slot.argument);
         (void)WriteString(Section, Key("WorkingDirectory", n), slot.workingDirectory);
+        // A profile that never named a format gets no key for it.
+        const std::string messages = Key("Messages", n);
+        if (!slot.messages.empty() || !ReadString(Section, messages, "", ValueCapacity).empty())
+            (void)WriteString(Section, messages, slot.messages);
     }
 }
 
@@ -107,8 +114,10 @@ int runTool(int n) {
         ToolPane, std::string("Running scriptfile '") + ScriptFileName + "' for " + tool.name + ".",
         false);
     host.SetBusyCursor(true);
+    editor.tools.runFormat = tool.messages;
+    editor.tools.runDirectory = directory;
     (void)runWithResultWindow("Result of tool '" + tool.name + "'.", command, directory,
-                              ErrorMode::None);
+                              tool.messages.empty() ? ErrorMode::None : ErrorMode::Formats);
     host.SetBusyCursor(false);
     return 0;
 }

@@ -284,6 +284,9 @@ TEST_F(LineLayoutTest, ErrorMarkersOfTheOwningBufferOnPaintedLines) {
     // Line 3 is above the view, line 40 below it, line 10 after the closing entry; the row
     // after the last full one is painted too.
     EXPECT_EQ(collect(*buffer, 0, 60, true), "7w 8e 37w ");
+    errorEntries[2].kind = 1; // a note is no fault either: yellow
+    EXPECT_EQ(collect(*buffer, 0, 60, true), "7w 8w 37w ");
+    errorEntries[2].kind = 0;
     EXPECT_EQ(ErrorMarkerBox(*buffer, 7), (PixelRect{3, 30, 13, 40}));
     EXPECT_EQ(collect(*buffer, 0, 60, true, 1), "7w ");
     // Only the painted lines, only the owner, only when the margin is painted.

@@ -71,9 +71,9 @@ TEST_F(ToolDialogsTest, ToolsAreAddedDeletedAndEditedInPlace) {
     EXPECT_EQ(host.inputRequests.at(0).prompt, "Name of new tool : ");
     EXPECT_EQ(host.inputRequests.at(0).maxLength, 79);
     EXPECT_EQ(Table().toolCount, 3);
-    EXPECT_EQ(Table().slots[0], (ToolRecord{"T1", "t1.exe", "", ""}));
-    EXPECT_EQ(Table().slots[1], (ToolRecord{"New", "new.exe", "-f $$", "C:\\w"}));
-    EXPECT_EQ(Table().slots[2], (ToolRecord{"T3", "t3.exe", "", ""}));
+    EXPECT_EQ(Table().slots[0], (ToolRecord{"T1", "t1.exe", "", "", ""}));
+    EXPECT_EQ(Table().slots[1], (ToolRecord{"New", "new.exe", "-f $$", "C:\\w", ""}));
+    EXPECT_EQ(Table().slots[2], (ToolRecord{"T3", "t3.exe", "", "", ""}));
     EXPECT_EQ(Table().slots[3], ToolRecord{});
 
     // Cancel after editing, deleting and adding puts the table back exactly.

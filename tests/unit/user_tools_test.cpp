@@ -33,7 +33,7 @@ TEST_F(UserToolsTest, LoadingStopsAtTheFirstUnnamedSlotAndLabelsTheCommands) {
     loadTools();
     const ToolTable& table = editor.tools.tools;
     EXPECT_EQ(table.toolCount, 2);
-    EXPECT_EQ(table.slots[0], (ToolRecord{"Lint", "C:\\bin\\lint.exe", "-f $$", "C:\\work"}));
+    EXPECT_EQ(table.slots[0], (ToolRecord{"Lint", "C:\\bin\\lint.exe", "-f $$", "C:\\work", ""}));
     EXPECT_EQ(Label(1), "Lint");
     EXPECT_EQ(Label(2), "Make");
     EXPECT_EQ(Label(3), "RunTool3");
