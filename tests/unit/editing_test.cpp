@@ -1,0 +1,583 @@
+// The editing commands, caret motions, clipboard and bookmarks on real buffers, and the undo
+// log's messages, command states, redraws and scroll and selection codes.
+#include <random>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "buffer_builder.h"
+#include "commands/command_table.h"
+#include "editor_fixture.h"
+#include "engine/bookmarks.h"
+#include "engine/clipboard_commands.h"
+#include "engine/cursor_motion.h"
+#include "engine/editing_commands.h"
+#include "engine/text_store.h"
+#include "marked_text.h"
+
+namespace ruvo {
+namespace {
+
+const char* const TooLong = "Transaction ignored because\nresulting line would become too long. \n";
+constexpr ScrollTarget Show{ScrollShow, ScrollShow};
+constexpr TextPos Origin{0, 0};
+
+std::string NumberedLines(int count, const std::string& prefix = "line ") {
+    std::string text;
+    for (int i = 0; i < count; ++i)
+        text += (i > 0 ? "\n" : "") + prefix + std::to_string(i);
+    return text;
+}
+
+class EditingTest : public EditorTest {
+  protected:
+    bool Enabled(const char* name) {
+        int row = -1;
+        CommandByName(name, nullptr, false, &row);
+        auto found = host.enabledCommands.find(row);
+        return found != host.enabledCommands.end() && found->second;
+    }
+    // Types one character at the caret as one transaction, as the keyboard does.
+    void Type(TestBuffer& buffer, char c) {
+        const TextPos at = buffer->cursor;
+        const TextPos after = MakePos(at.line, at.column + 1);
+        RecordEdit(*buffer, at, at, std::string(1, c), after, Show, after, after);
+    }
+    void MoveCaret(TestBuffer& buffer, TextPos to, ScrollTarget scroll = Show) {
+        RecordEdit(*buffer, Origin, Origin, "", to, scroll, to, to);
+    }
+    void Replace(TestBuffer& buffer, TextPos from, TextPos to, std::string_view text) {
+        RecordEdit(*buffer, from, to, text, from, Show, Origin, Origin);
+    }
+};
+
+TEST_F(EditingTest, CommandsTakeTheirPieceJoinLinesOrRefuseAndUndoRestores) {
+    // {before, command, after}: at the ends nothing is recorded, the last line deleted keeps
+    // its place, a lone line is emptied, a join past 255 bytes is refused, 255 is allowed.
+    const std::string x128(128, 'x'), x127(127, 'x');
+    const struct {
+        std::string before;
+        int (*command)();
+        std::string after;
+    } cases[] = {
+        {"a|bc\ndef", DeleteChar, "a|c\ndef"},
+        {"abc|\ndef", DeleteChar, "abc|def"},
+        {"abc\ndef|", DeleteChar, "abc\ndef|"},
+        {"abc\nde|f", BackspaceChar, "abc\nd|f"},
+        {"abc\n|def", BackspaceChar, "abc|def"},
+        {"|abc\ndef", BackspaceChar, "|abc\ndef"},
+        {"one\ntw|o\nthree", DeleteLine, "one\n|three"},
+        {"one\ntw|o", DeleteLine, "one\n|"},
+        {"o|ne", DeleteLine, "|"},
+        {"|foo_bar1  baz(x);", DeleteWord, "|  baz(x);"},
+        {"foo_bar1|  baz(x);", DeleteWord, "foo_bar1|baz(x);"},
+        {"baz|(x);", DeleteWord, "baz|x);"},
+        {"x);|\nnext", DeleteWord, "x);|next"},
+        {"x\nnext|", DeleteWord, "x\nnext|"},
+        {"a|b1_c d", DeleteWord, "a| d"},
+        {x128 + "|\n" + x128, DeleteChar, x128 + "|\n" + x128},
+        {x128 + "\n|" + x128, BackspaceChar, x128 + "\n|" + x128},
+        {x127 + "|\n" + x128, DeleteChar, x127 + "|" + x128},
+        // Return carries the indent up to the caret, then the rest of the line.
+        {"\t|  abc", NewLine, "\t\n\t|  abc"},
+        {"\t  ab|c", NewLine, "\t  ab\n\t  |c"},
+    };
+    for (const auto& c : cases) {
+        const auto [text, caret] = Unmarked(c.before);
+        TestBuffer buffer(text);
+        buffer.PlaceCaret(caret.line, caret.column);
+        host.boxes.clear();
+        static_cast<void>(c.command());
+        EXPECT_EQ(Marked(buffer), c.after) << c.before;
+        const bool same = c.before == c.after;
+        EXPECT_EQ(buffer.LoggedTransactions(), same ? 0 : 1) << c.before;
+        EXPECT_EQ(host.ErrorBoxTexts(), same && c.before.size() > 200 ? TooLong : "") << c.before;
+        EditUndo();
+        EXPECT_EQ(buffer.Text(), text) << c.before;
+    }
+
+    // Without auto-indent, at the bottom of the window: one line of scrolling.
+    TestBuffer buffer("a\n\tb\nc");
+    buffer->visibleLines = 2;
+    buffer.PlaceCaret(1, 2);
+    editor.settings.options.autoIndent = false;
+    NewLine();
+    EXPECT_EQ(Marked(buffer), "a\n\tb\n|\nc");
+    EXPECT_EQ(buffer->topLine, 1);
+
+    // A selection made from the bottom up goes with the caret at its start.
+    buffer.Select(MakePos(3, 1), MakePos(0, 1));
+    DeleteSelection();
+    EXPECT_EQ(Marked(buffer), "a|");
+    EXPECT_EQ(buffer->anchor, buffer->cursor);
+    DeleteSelection(); // no selection: nothing
+    EXPECT_EQ(buffer.LoggedTransactions(), 2);
+
+    // A read-only buffer keeps its text whatever the command.
+    buffer->lines.readOnly = 1;
+    buffer->lines.modified = 0;
+    for (int (*command)() : {DeleteChar, BackspaceChar, DeleteLine, DeleteWord, NewLine}) {
+        buffer.PlaceCaret(0, 1);
+        command();
+    }
+    buffer.Select(MakePos(0, 0), MakePos(0, 1));
+    DeleteSelection();
+    EXPECT_EQ(buffer.Text(), "a");
+    EXPECT_EQ(buffer->lines.modified, 0);
+}
+
+TEST_F(EditingTest, AnyMixOfCommandsIsUndoneAndRedoneExactly) {
+    const std::string original = "entity top is\n\tport (clk : in bit);\nend top;\n\n-- x_1 y";
+    std::mt19937 random(20261121);
+    int changedRounds = 0;
+    for (int round = 0; round < 20; ++round) {
+        TestBuffer buffer(original);
+        host.clipboard = round % 2 == 0 ? "a\r\nbc" : "  q";
+        for (int step = 0; step < 60; ++step) {
+            const int32_t line = static_cast<int32_t>(random() % buffer->lines.lineCount);
+            const int32_t column = static_cast<int32_t>(random() % 12);
+            int (*const commands[])() = {DeleteChar, BackspaceChar, DeleteLine,
+                                         DeleteWord, NewLine,       EditPaste};
+            const unsigned pick = random() % 9;
+            if (pick < 6) {
+                static_cast<void>(commands[pick]());
+            } else if (pick == 6) {
+                MoveCursor(static_cast<Motion>(1 + random() % 12), random() % 2 == 0);
+            } else if (pick == 7) {
+                GoToPos(*buffer, line, column);
+            } else {
+                buffer.Select(MakePos(line, 0), buffer->cursor);
+                static_cast<void>(random() % 2 == 0 ? EditCut() : DeleteSelection());
+            }
+        }
+        const std::string edited = buffer.Text();
+        if (edited != original) ++changedRounds;
+        int undone = 0;
+        while (UndoTransaction() == 0)
+            ++undone;
+        EXPECT_EQ(buffer.Text(), original) << round;
+        EXPECT_EQ(undone, buffer.LoggedTransactions()) << round;
+        while (RedoTransaction(*buffer) == 0)
+            --undone;
+        EXPECT_EQ(undone, 0) << round;
+        EXPECT_EQ(buffer.Text(), edited) << round;
+        EXPECT_TRUE(host.boxes.empty()) << host.ErrorBoxTexts();
+    }
+    EXPECT_GE(changedRounds, 15);
+}
+
+// Runs a walk of commands from "line.column", each given as its letter and where it must leave
+// the caret ("line.column", then "/top" for the window's top line): < > character, ^ v line,
+// w W word, h e line start and end, p P page, b E document, u r undo and redo.
+void Walk(TestBuffer& buffer, const std::string& walk) {
+    const std::pair<char, int (*)()> commands[] = {
+        {'<', GoCharLeft}, {'>', GoCharRight}, {'^', GoLineUp},    {'v', GoLineDown},
+        {'w', GoWordLeft}, {'W', GoWordRight}, {'h', GoBeginLine}, {'e', GoEndLine},
+        {'p', GoPageUp},   {'P', GoPageDown},  {'b', GoBeginDoc},  {'E', GoEndDoc},
+        {'u', EditUndo},   {'r', EditRedo}};
+    const std::string text = buffer.Text();
+    std::istringstream steps(walk);
+    int32_t line = 0, column = 0, top = -1;
+    char letter = 0, dot = 0;
+    steps >> line >> dot >> column;
+    buffer.PlaceCaret(line, column);
+    while (steps >> letter >> line >> dot >> column) {
+        SCOPED_TRACE(text.substr(0, 12) + " " + walk + " at " + letter + std::to_string(line));
+        for (const auto& [name, command] : commands)
+            if (name == letter) command();
+        EXPECT_EQ(buffer->cursor, MakePos(line, column));
+        EXPECT_EQ(buffer->anchor, buffer->cursor);
+        if (steps.peek() == '/' && steps >> dot >> top) {
+            EXPECT_EQ(buffer->topLine, top);
+        }
+    }
+    EXPECT_EQ(buffer.Text(), text);
+}
+
+TEST_F(EditingTest, MotionsMoveTheCaretAndTheWindowAndNeverTheText) {
+    editor.settings.options.tabSize = 4;
+    const struct {
+        std::string text;
+        int32_t visibleLines;
+        const char* walk;
+    } walks[] = {
+        {"ab\ncd", 20, "0.2 >1.0 <0.2 b0.0 <0.0 E1.2 >1.2"},
+        // The tab fills columns 0..3, a is 4, b is 5; the short line ends first.
+        {"\tab\nabcdefgh\nxy", 20, "1.5 ^0.2 v1.5 v2.2 v2.2 b0.0 ^0.0"},
+        // A word behind a blank or a separator at column 0 leaves the caret at column 0; from
+        // column 0 the caret goes to the previous line's end, then to its word.
+        {" abc\nabc def", 20, "1.7 w1.4 w1.0 w0.0"},
+        {" abc", 20, "0.4 w0.0"},
+        {"foo_bar\n(x) y\na  b", 20, "0.7 w0.4 w0.0"},
+        {"foo_bar\n(x) y\na  b", 20, "1.5 w1.4 w1.0"},
+        {"foo_bar\n(x) y\na  b", 20, "2.3 w2.0"},
+        // Right: the word and the separators after it; the semicolon is skipped to the line
+        // end, the underscore like a blank; the end of the document stays put.
+        {"foo_bar baz\n  next;\n_x", 20, "0.0 W0.8 W1.2 W1.7 W2.1 W2.2 W2.2"},
+        {NumberedLines(50), 20, "7.3 e7.6 h7.0 E49.7/30 b0.0/0"},
+        // Near the end a page down goes to the end of the last line; less than a page from
+        // the top a page up goes to the start of the document.
+        {NumberedLines(50), 10, "2.4 P12.4/10 P22.4/20 P32.4/30 P42.4/40 P49.7/40 p39.7/30"},
+        {NumberedLines(50), 10, "6.3 p0.0/0"},
+        {std::string(255, 'x'), 20, "0.0 e0.255"},
+        {"one\ntwo\nthree", 20, "0.0 P2.5/0 E2.5/0 p0.0/0"},
+        // Undo walks back through caret positions even when read-only.
+        {"alpha\nbeta\ngamma", 20, "1.1 >1.2 v2.2 e2.5 u2.2 u1.2 r2.2 w2.0"},
+    };
+    for (const auto& walk : walks) {
+        TestBuffer buffer(walk.text);
+        buffer->visibleLines = walk.visibleLines;
+        buffer->lines.readOnly = 1;
+        Walk(buffer, walk.walk);
+    }
+
+    // Back over the anchor the selection turns round and stays ordered; a plain move drops it.
+    TestBuffer buffer("abcdef\nghijkl");
+    buffer.PlaceCaret(0, 2);
+    const std::pair<Motion, const char*> steps[] = {
+        {Motion::CharRight, "ab[c|]def\nghijkl"}, {Motion::CharRight, "ab[cd|]ef\nghijkl"},
+        {Motion::CharLeft, "ab[c|]def\nghijkl"},  {Motion::CharLeft, "ab|cdef\nghijkl"},
+        {Motion::CharLeft, "a[|b]cdef\nghijkl"},  {Motion::LineDown, "ab[cdef\ng|]hijkl"}};
+    for (const auto& [motion, marked] : steps) {
+        MoveCursor(motion, true);
+        EXPECT_EQ(Marked(buffer), marked);
+    }
+    MoveCursor(Motion::EndLine, false);
+    EXPECT_EQ(Marked(buffer), "abcdef\nghijkl|");
+
+    // Going to a position clamps it, shows it and keeps the selection.
+    TestBuffer numberedBuffer(NumberedLines(40));
+    numberedBuffer->visibleLines = 10;
+    numberedBuffer.Select(MakePos(1, 0), MakePos(2, 3));
+    GoToPos(*numberedBuffer, 30, 2);
+    EXPECT_EQ(numberedBuffer->cursor, MakePos(30, 2));
+    EXPECT_EQ(numberedBuffer->topLine, 21); // just enough to show the caret line
+    EXPECT_EQ(numberedBuffer->selEnd, MakePos(2, 3));
+    GoToPos(*numberedBuffer, 500, 99);
+    EXPECT_EQ(numberedBuffer->cursor, MakePos(39, 7));
+    GoToPos(*numberedBuffer, -4, -1);
+    EXPECT_EQ(numberedBuffer->cursor, MakePos(0, 0));
+    EXPECT_EQ(numberedBuffer->topLine, 0);
+    EXPECT_TRUE(host.boxes.empty()) << host.ErrorBoxTexts();
+}
+
+TEST_F(EditingTest, ClipboardCommandsUseCarriageReturnLineFeedsAndOneStepEach) {
+    TestBuffer buffer("alpha\nbeta\ngamma");
+    // An end at column 0 brings the last line end and nothing after it; reversed ends are
+    // put in order.
+    const std::pair<TextRange, const char*> copies[] = {
+        {{{0, 2}, {0, 4}}, "ph"},
+        {{{0, 3}, {2, 2}}, "ha\r\nbeta\r\nga"},
+        {{{1, 0}, {2, 0}}, "beta\r\n"},
+        {{{2, 2}, {0, 3}}, "ha\r\nbeta\r\nga"},
+    };
+    for (const auto& [range, copied] : copies) {
+        buffer.Select(range.start, range.end);
+        buffer->selStart = range.start; // as given, even reversed
+        buffer->selEnd = range.end;
+        EditCopy();
+        EXPECT_EQ(host.clipboard, copied);
+        EXPECT_FALSE(PosLess(buffer->selEnd, buffer->selStart));
+    }
+    EXPECT_EQ(buffer.LoggedTransactions(), 0);
+
+    TestBuffer cut("keep this part\nand that");
+    cut.Select(MakePos(0, 4), MakePos(1, 3));
+    EditCut();
+    EXPECT_EQ(host.clipboard, " this part\r\nand");
+    EXPECT_EQ(Marked(cut), "keep| that");
+    EditUndo();
+    cut.Select(MakePos(0, 1), MakePos(0, 4));
+    EditClear(); // the clipboard is left alone
+    EXPECT_EQ(host.clipboard, " this part\r\nand");
+    EXPECT_EQ(Marked(cut), "k| this part\nand that");
+    // Paste over a selection: the deletion and the insertion are two steps.
+    cut.Select(MakePos(0, 2), MakePos(0, 6));
+    host.clipboard = std::string("one\r\ntwo\rx\0ignored", 18); // a NUL ends it, as CF_TEXT does
+    EXPECT_EQ(EditPaste(), 0);
+    EXPECT_EQ(Marked(cut), "k one\ntwox| part\nand that");
+    EditUndo();
+    EXPECT_EQ(cut.Text(), "k  part\nand that");
+    EditUndo();
+    EXPECT_EQ(cut.Text(), "k this part\nand that");
+
+    // A paste that makes a line too long is refused whole: the first line would fit, the
+    // last, 156 bytes before the old 100, would not.
+    TestBuffer big(std::string(200, 'a') + "\nshort");
+    big.PlaceCaret(0, 100);
+    host.clipboard = "fits\r\n" + std::string(156, 'b');
+    EditPaste();
+    EXPECT_EQ(big.Text(), std::string(200, 'a') + "\nshort");
+    EXPECT_EQ(host.ErrorBoxTexts(), TooLong);
+    // Nothing to paste: nothing happens, and Paste stays available.
+    host.clipboard.reset();
+    EXPECT_EQ(EditPaste(), 1);
+    EXPECT_EQ(big.LoggedTransactions(), 0);
+    host.enableCalls.clear();
+    UpdatePasteState();
+    EXPECT_TRUE(host.enableCalls.empty());
+}
+
+TEST_F(EditingTest, BookmarksAreSetAndGoneToAcrossWindowsAndShrunkText) {
+    int (*const sets[])() = {SetMark0, SetMark1, SetMark2, SetMark3, SetMark4,
+                             SetMark5, SetMark6, SetMark7, SetMark8, SetMark9};
+    int (*const gotos[])() = {GotoMark0, GotoMark1, GotoMark2, GotoMark3, GotoMark4,
+                              GotoMark5, GotoMark6, GotoMark7, GotoMark8, GotoMark9};
+    // Without a window nothing is set; a bookmark never set is an alert.
+    EXPECT_EQ(SetMark9(), 0);
+    EXPECT_TRUE(host.statusTexts.empty());
+    EXPECT_EQ(GotoMark9(), 1);
+    EXPECT_EQ(host.statusPanes[4], "Bookmark 9 is not set.");
+    EXPECT_TRUE(host.statusTexts.back().beep);
+
+    TestBuffer buffer(NumberedLines(400, ""));
+    for (int n = 0; n < 10; ++n) {
+        buffer.PlaceCaret(3 * n, 1);
+        EXPECT_EQ(sets[n](), 0);
+        EXPECT_EQ(host.statusPanes[4], "Dropped bookmark " + std::to_string(n) + ".");
+        EXPECT_FALSE(host.statusTexts.back().beep);
+    }
+    for (int n = 9; n >= 0; --n) {
+        GoBeginDoc();
+        EXPECT_EQ(gotos[n](), 0);
+        EXPECT_EQ(buffer->cursor, MakePos(3 * n, 1)) << n;
+    }
+    EXPECT_EQ(host.activatedWindows.size(), 10u);
+    EditUndo(); // the jump is one recorded caret move
+    EXPECT_EQ(buffer->cursor, MakePos(0, 0));
+    // Numbers outside 0..9 are neither set nor gone to.
+    EXPECT_EQ(SetBookmark(10), 0);
+    EXPECT_EQ(GotoBookmark(-1), 1);
+    EXPECT_EQ(GotoBookmark(10), 1);
+    EXPECT_EQ(host.statusPanes[4], "Dropped bookmark 9.");
+
+    // Not moved with the text: a line that is gone gives the last line, a column past the
+    // line's end its end.
+    buffer.PlaceCaret(300, 2);
+    SetMark1();
+    buffer.PlaceCaret(100, 0);
+    for (int i = 0; i < 200; ++i)
+        DeleteLine();
+    buffer.PlaceCaret(199, 0);
+    DeleteWord();
+    GotoMark1();
+    EXPECT_EQ(buffer->cursor, MakePos(199, 0));
+
+    // Going to a bookmark activates its window and keeps the selection there, unless the
+    // window is closed: then it is stale until set again.
+    TestBuffer second("other window\nsecond");
+    second.PlaceCaret(0, 3);
+    SetMark2();
+    buffer.Select(MakePos(0, 1), MakePos(0, 3));
+    GotoMark7();
+    EXPECT_EQ(editor.engine.currentBuffer, buffer.get());
+    EXPECT_EQ(host.activatedWindows.back(), buffer.get());
+    EXPECT_EQ(buffer->selStart, MakePos(0, 1));
+    EXPECT_EQ(buffer->cursor, MakePos(21, 1));
+    EXPECT_EQ(second.LoggedTransactions(), 0);
+    second->closedFlags |= ClosedFlagWindowGone;
+    EXPECT_EQ(GotoMark2(), 0);
+    EXPECT_EQ(host.statusPanes[4], "Window of bookmark 2 has been deleted.");
+    EXPECT_TRUE(host.statusTexts.back().beep);
+    EXPECT_EQ(host.activatedWindows.size(), 12u);
+    buffer.PlaceCaret(20, 1);
+    SetMark2();
+    buffer.PlaceCaret(0, 0);
+    EXPECT_EQ(GotoMark2(), 0);
+    EXPECT_EQ(buffer->cursor, MakePos(20, 1));
+}
+
+// Long random runs check the texts of every undo and redo; this is the log's shape.
+TEST_F(EditingTest, TheLogReRecordsUndoneStepsAndSetsTheCommandStates) {
+    TestBuffer buffer("");
+    TestBuffer other("other", false);
+    Type(other, 'x'); // command states follow the shown buffer only
+    EXPECT_FALSE(Enabled("EditUndo"));
+    for (char c : {'a', 'b', 'c'})
+        Type(buffer, c);
+    EXPECT_EQ(UndoTransaction(), 0);
+    EXPECT_EQ(UndoTransaction(), 0);
+    EXPECT_TRUE(Enabled("EditRedo"));
+    Type(buffer, 'x');
+    std::vector<std::string> steps;
+    for (const Transaction* t = buffer->undoHead->next; t != nullptr; t = t->next)
+        steps.push_back(std::string(OldText(t)) + ">" + NewText(t));
+    EXPECT_EQ(steps, (std::vector<std::string>{">a", ">b", ">c", "c>", "b>", ">x"}));
+    EXPECT_FALSE(Enabled("EditRedo"));
+    EXPECT_EQ(other.Text(), "xother");
+
+    // A reset log offers neither undo nor redo.
+    ResetTransactionLog(*buffer);
+    EXPECT_FALSE(Enabled("EditUndo"));
+    EXPECT_EQ(UndoTransaction(), 1);
+    EXPECT_EQ(buffer.Text(), "ax");
+
+    // Read-only: text changes are ignored, caret moves recorded; an undone move is
+    // re-recorded before a refused edit, so redo is no longer offered.
+    buffer->lines.readOnly = 1;
+    buffer->lines.modified = 0;
+    Replace(buffer, Origin, MakePos(0, 1), "");
+    MoveCaret(buffer, MakePos(0, 1));
+    EXPECT_EQ(UndoTransaction(), 0);
+    Type(buffer, 'y');
+    EXPECT_EQ(buffer.LoggedTransactions(), 2);
+    EXPECT_FALSE(Enabled("EditRedo"));
+    EXPECT_EQ(buffer.Text(), "ax");
+    EXPECT_EQ(buffer->lines.modified, 0);
+
+    // An identical replacement is still an edit.
+    buffer->lines.readOnly = 0;
+    Replace(buffer, MakePos(0, 0), MakePos(0, 2), "ax");
+    EXPECT_EQ(buffer.LoggedTransactions(), 3);
+    EXPECT_EQ(buffer->lines.modified, 1);
+    EXPECT_TRUE(host.boxes.empty());
+}
+
+TEST_F(EditingTest, StepsThatNoLongerFitTheTextAreRefusedWithTheirMessages) {
+    TestBuffer buffer("alpha\nbeta");
+    Replace(buffer, MakePos(1, 0), MakePos(1, 4), "gamma");
+    // Undo against a changed text: refused, the log stays as it is.
+    ASSERT_EQ(ReplaceLine(*buffer, "GAMMA", 1), 1);
+    EXPECT_EQ(UndoTransaction(), 1);
+    EXPECT_EQ(host.ErrorBoxTexts(),
+              "Inconsistency between undo transaction and text\nTransaction ignored\n");
+    EXPECT_EQ(host.boxes[0].caption, "(default)");
+    EXPECT_EQ(buffer.LoggedTransactions(), 1);
+    // Redo against a changed text (a reload, say): refused, the history is cleared.
+    ASSERT_EQ(ReplaceLine(*buffer, "gamma", 1), 1);
+    EXPECT_EQ(UndoTransaction(), 0);
+    ASSERT_EQ(ReplaceLine(*buffer, "delta", 1), 1);
+    host.boxes.clear();
+    EXPECT_EQ(RedoTransaction(*buffer), 1);
+    EXPECT_EQ(host.ErrorBoxTexts(), "Inconsistency between redo transaction and text\n"
+                                    "Transaction ignored; undo-redo history cleared\n");
+    EXPECT_EQ(buffer.LoggedTransactions(), 0);
+    EXPECT_EQ(buffer.Text(), "alpha\ndelta");
+
+    // The line grows behind the log's back; the deleted "a" no longer fits.
+    host.boxes.clear();
+    Replace(buffer, MakePos(0, 0), MakePos(0, 1), "");
+    ASSERT_EQ(ReplaceLine(*buffer, std::string(255, 'a'), 0), 1);
+    EXPECT_EQ(UndoTransaction(), 1);
+    EXPECT_EQ(host.ErrorBoxTexts(), "Impossible that this undo transaction failed\n"
+                                    "Transaction ignored; undo-redo history cleared\n");
+    EXPECT_EQ(buffer.LoggedTransactions(), 0);
+
+    // A backwards range inserts at its start and deletes nothing; CR CR LF line ends keep one
+    // carriage return at the end of their lines.
+    TestBuffer backwards("abcdef\r\nghi\r");
+    Replace(backwards, MakePos(1, 2), MakePos(0, 1), "X");
+    EXPECT_EQ(backwards.Text(), "abcdef\r\nghXi\r");
+    EXPECT_STREQ(OldText(backwards->undoTail), "");
+    Replace(backwards, MakePos(0, 2), MakePos(1, 3), "");
+    EXPECT_EQ(backwards.Text(), "abi\r");
+    EXPECT_EQ(UndoTransaction(), 0);
+    EXPECT_EQ(UndoTransaction(), 0);
+    EXPECT_EQ(backwards.Text(), "abcdef\r\nghi\r");
+
+    // Running out of memory clears the history; the next edit starts a new log.
+    host.boxes.clear();
+    editor.settings.allocator.limitBytes = editor.settings.allocator.totalBytes;
+    Type(backwards, '2');
+    std::vector<std::string> logMessages;
+    for (const FakeHost::Box& box : host.boxes)
+        if (box.text.rfind("Alloc failed", 0) != 0) logMessages.push_back(box.text);
+    EXPECT_EQ(logMessages,
+              (std::vector<std::string>{"Out of memory; transaction ignored ; history cleared",
+                                        "Running out of memory"}));
+    EXPECT_EQ(backwards->undoHead, nullptr);
+    editor.settings.allocator.limitBytes = -1;
+    EXPECT_EQ(backwards.Text(), "abcdef\r\nghi\r");
+    Type(backwards, '3');
+    EXPECT_EQ(backwards.Text(), "3abcdef\r\nghi\r");
+    EXPECT_EQ(UndoTransaction(), 0);
+    EXPECT_EQ(UndoTransaction(), 1);
+}
+
+TEST_F(EditingTest, TheLogRedrawsOnlyWhatShowsAndHonoursScrollAndSelectionCodes) {
+    TestBuffer buffer(NumberedLines(100) + "\n\t\tdeep");
+    MoveCaret(buffer, MakePos(2, 3));
+    EXPECT_EQ(UndoTransaction(), 0);
+    EXPECT_TRUE(host.redrawnLines.empty());
+    EXPECT_TRUE(host.redrawnWindows.empty());
+    // A selection made by a move is redrawn where it shows, and taken back by undo.
+    RecordEdit(*buffer, Origin, Origin, "", MakePos(1, 2), Show, MakePos(1, 2), MakePos(0, 3));
+    EXPECT_EQ(buffer->selStart, MakePos(0, 3));
+    EXPECT_TRUE(Enabled("EditCopy"));
+    EXPECT_EQ(host.redrawnLines,
+              (std::vector<std::pair<EditBuffer*, int>>{{buffer.get(), 0}, {buffer.get(), 1}}));
+    EXPECT_EQ(UndoTransaction(), 0);
+    EXPECT_FALSE(Enabled("EditCopy"));
+    // One line is redrawn unless lines or the view change.
+    host.redrawnLines.clear();
+    Type(buffer, 'x');
+    EXPECT_EQ(UndoTransaction(), 0);
+    EXPECT_EQ(host.redrawnLines.size(), 2u);
+    EXPECT_TRUE(host.redrawnWindows.empty());
+    RecordEdit(*buffer, MakePos(0, 1), MakePos(0, 1), "\n", MakePos(1, 0), Show, Origin, Origin);
+    EXPECT_EQ(host.redrawnWindows.size(), 1u);
+    EXPECT_EQ(UndoTransaction(), 0); // the old text held no line feed, the new one did
+    EXPECT_EQ(host.redrawnWindows.size(), 2u);
+    RecordEdit(*buffer, Origin, Origin, "y", MakePos(0, 1), ScrollTarget{2, 0}, Origin, Origin);
+    EXPECT_EQ(host.scrollUpdates, 1);
+    EXPECT_EQ(host.redrawnWindows.size(), 3u);
+    EXPECT_EQ(UndoTransaction(), 0);
+
+    // {caret line, top code, top after}: ScrollKeep never leaves the caret below the window.
+    buffer->visibleLines = 10;
+    buffer->visibleColumns = 20;
+    const int32_t lines[][3] = {{50, ScrollShow, 41},
+                                {45, ScrollShow, 41},
+                                {30, ScrollShow, 30},
+                                {29, ScrollShow, 29},
+                                {35, ScrollCentreIfHidden, 29},
+                                {38, ScrollCentreIfHidden, 29},
+                                {39, ScrollCentreIfHidden, 34},
+                                {70, ScrollCentreIfHidden, 65},
+                                {68, ScrollCentre, 63},
+                                {2, ScrollCentre, 0},
+                                {40, ScrollKeep, 31},
+                                {40, 5, 31},
+                                {40, 35, 35},
+                                {0, 35, 35}};
+    for (const auto& c : lines) {
+        MoveCaret(buffer, MakePos(c[0], 0), ScrollTarget{c[1], ScrollKeep});
+        EXPECT_EQ(buffer->topLine, c[2]) << c[0] << " " << c[1];
+    }
+    // Columns: the caret's screen column (tab-expanded column 6 is 12) on the line before;
+    // one past the edge is allowed with a given value.
+    MoveCaret(buffer, MakePos(100, 6));
+    EXPECT_EQ(buffer->leftColumn, 0);
+    buffer->visibleColumns = 5;
+    const int32_t columns[][3] = {{6, ScrollShow, 8}, {0, ScrollShow, 0}, {6, 7, 7},
+                                  {6, 3, 8},          {2, ScrollKeep, 8}, {6, 12, 12}};
+    for (const auto& c : columns) {
+        MoveCaret(buffer, MakePos(100, c[0]), ScrollTarget{ScrollKeep, c[1]});
+        EXPECT_EQ(buffer->leftColumn, c[2]) << c[0] << " " << c[1];
+    }
+    EXPECT_TRUE(host.boxes.empty());
+    MoveCaret(buffer, MakePos(3, 0), ScrollTarget{-7, -9});
+    EXPECT_EQ(host.ErrorBoxTexts(), "LineScroll Bug\nColumnScroll Bug\n");
+    EXPECT_EQ(host.boxes[0].caption, "");
+    EXPECT_EQ(buffer->topLine, 0);
+    EXPECT_EQ(buffer->leftColumn, 0);
+    EXPECT_EQ(buffer->cursor, MakePos(3, 0));
+
+    // Selection codes keep a coordinate of the current selection; the anchor stays while a
+    // selection stands.
+    host.boxes.clear();
+    RecordEdit(*buffer, Origin, Origin, "", MakePos(1, 4), Show, MakePos(0, 2), MakePos(1, 4));
+    RecordEdit(*buffer, Origin, Origin, "", MakePos(2, 1), Show, MakePos(SelectKeep, SelectKeep),
+               MakePos(2, SelectKeep));
+    EXPECT_EQ(Marked(buffer).substr(0, 24), "li[ne 0\nline 1\nl|ine] 2\n");
+    EXPECT_EQ(buffer->anchor, MakePos(3, 0));
+    MoveCaret(buffer, MakePos(2, 1));
+    EXPECT_EQ(buffer->lines.hasSelection, 0);
+    EXPECT_EQ(buffer->anchor, MakePos(2, 1));
+    RecordEdit(*buffer, Origin, Origin, "", MakePos(0, 0), Show, MakePos(-2, 0), MakePos(0, -3));
+    EXPECT_EQ(host.ErrorBoxTexts(), "Illegal Select code\nIllegal Select code\n");
+    EXPECT_EQ(buffer->lines.hasSelection, 0);
+}
+
+} // namespace
+} // namespace ruvo
