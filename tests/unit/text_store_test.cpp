@@ -1,11 +1,19 @@
-// The text store: columns, stepping, range text, insertion and deletion with the line limit.
+// The text store: columns, stepping, range text, insertion and deletion with the line limit;
+// the line array under it and reading files into it.
 #include "engine/text_store.h"
 
+#include <cstdio>
 #include <cstring>
+#include <random>
 #include <string>
+#include <vector>
 
 #include "buffer_builder.h"
+#include "docs/documents.h"
+#include "docs/file_reading.h"
+#include "document_files.h"
 #include "editor_fixture.h"
+#include "engine/line_list.h"
 #include "engine/line_strings.h"
 #include "settings/allocator.h"
 
@@ -88,11 +96,9 @@ TEST_F(TextStoreTest, DeletionJoinsLinesAndRespectsTheLimit) {
     EXPECT_EQ(DeleteRange(*limit, MakePos(0, 127), MakePos(1, 0)), 1); // 255 bytes
     EXPECT_EQ(limit.Text(), std::string(127, 'a') + std::string(128, 'b'));
 
-    // Replacing a line stores a copy and marks the text.
+    // Replacing a line marks the text; a line past the end or over 255 bytes is refused.
     limit->lines.modified = 0;
-    std::string text = "zwei";
-    EXPECT_EQ(ReplaceLine(*limit, text, 0), 1);
-    text[0] = 'Z';
+    EXPECT_EQ(ReplaceLine(*limit, "zwei", 0), 1);
     EXPECT_EQ(limit.Text(), "zwei");
     EXPECT_EQ(limit->lines.modified, 1);
     EXPECT_EQ(ReplaceLine(*limit, "x", 1), 0);
@@ -148,8 +154,12 @@ TEST_F(TextStoreTest, ColumnsExpandTabsAndPositionsAreClampedAndStepped) {
     const std::pair<TextPos, TextPos> next[] = {
         {{1, 1}, {1, 2}}, {{1, 2}, {2, 0}}, {{2, 0}, {3, 0}}, {{4, 4}, {4, 4}}, {{0, 0}, {0, 0}}};
     for (const auto& [from, to] : next) {
-        if (!(from == MakePos(0, 0))) EXPECT_EQ(NextPos(*buffer, from), to);
-        if (!(from == MakePos(4, 4))) EXPECT_EQ(PrevPos(*buffer, to), from);
+        if (!(from == MakePos(0, 0))) {
+            EXPECT_EQ(NextPos(*buffer, from), to);
+        }
+        if (!(from == MakePos(4, 4))) {
+            EXPECT_EQ(PrevPos(*buffer, to), from);
+        }
     }
 }
 
@@ -194,6 +204,241 @@ TEST_F(TextStoreTest, LineStringHelpersEditInPlace) {
     EXPECT_EQ(CopyIndent(target, "\t\tx", 8), 2);
     EXPECT_STREQ(target, "\t\t \t body");
     EXPECT_EQ(CopyIndent(target, "code", 8), 0);
+}
+
+class LineListTest : public EditorTest {
+  protected:
+    std::string Lines(const LineList* list) {
+        std::string text;
+        for (int32_t i = 0; i < list->lineCount; ++i)
+            text += std::string(list->lineText[i]) + "|";
+        return text;
+    }
+    void FailAllocationsAfter(long bytes) {
+        editor.settings.allocator.limitBytes = editor.settings.allocator.totalBytes + bytes;
+    }
+};
+
+TEST_F(LineListTest, GrowsMakesRoomCopiesAndClears) {
+    LineList* list = CreateLineList(2, 1);
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->readOnly, 1);
+    EXPECT_TRUE(IsBufferEmpty(list));
+    for (int i = 0; i < 5; ++i)
+        ASSERT_EQ(AppendLine(list, std::to_string(i)), 0);
+    EXPECT_GT(list->capacity, list->lineCount); // one slot is kept free
+    EXPECT_EQ(Lines(list), "0|1|2|3|4|");
+    ASSERT_EQ(MakeRoom(list, 1, 2), 0);
+    list->lineText[2] = DupString("x", 0);
+    list->lineText[3] = DupString("yz", 1);
+    list->lineCount += 2;
+    EXPECT_EQ(Lines(list), "0|1|x|y|2|3|4|");
+    LineList* copy = CopyLineList(list, nullptr);
+    ASSERT_NE(copy, nullptr);
+    EXPECT_EQ(Lines(copy), "0|1|x|y|2|3|4|");
+
+    list->modified = list->hasSelection = 1;
+    ClearLineList(list);
+    EXPECT_EQ(list->lineCount + list->capacity + list->modified + list->hasSelection, 0);
+    EXPECT_EQ(list->lineText, nullptr);
+    // One empty line is an empty buffer, two are not.
+    AppendLine(list, "");
+    EXPECT_TRUE(IsBufferEmpty(list));
+    AppendLine(list, "");
+    EXPECT_FALSE(IsBufferEmpty(list));
+    DestroyLineList(copy);
+    DestroyLineList(list);
+
+    char* shortCopy = DupString("ab", 10); // a length past the text stops at its end
+    EXPECT_STREQ(shortCopy, "ab");
+    Release(shortCopy);
+    EXPECT_EQ(DupString(nullptr, 3), nullptr);
+}
+
+TEST_F(LineListTest, AllocationFailureLeavesTheListAsItWasAndNoHalfCopy) {
+    LineList* list = CreateLineList(4, 0);
+    for (const char* text : {"one", "two", "three"})
+        AppendLine(list, text);
+    FailAllocationsAfter(0);
+    EXPECT_EQ(CreateLineList(4, 0), nullptr);
+    EXPECT_EQ(AppendLine(list, "more"), 1);
+    EXPECT_TRUE(AllocationFailed());
+    EXPECT_EQ(Lines(list), "one|two|three|");
+    // Room for the new list and its array, not for the lines: the copy fails part-way and
+    // the sanitizer's leak check sees whether the half-made list was freed.
+    FailAllocationsAfter(static_cast<long>(sizeof(LineList)) +
+                         3 * static_cast<long>(sizeof(char*)) + 4);
+    EXPECT_EQ(CopyLineList(list, nullptr), nullptr);
+    editor.settings.allocator.limitBytes = -1;
+    DestroyLineList(list);
+}
+
+using Lines = std::vector<std::string>;
+
+class FileReadingTest : public EditorTest {
+  protected:
+    // Opens a file holding `bytes` and returns the new buffer's lines.
+    Lines Load(const std::string& bytes, const std::string& name = "in.vhd") {
+        const std::string path = folder.File(name);
+        WriteBytes(path, bytes);
+        EXPECT_EQ(openFile(path, 0, 0, KindDocument), 0);
+        return Current() != nullptr ? LinesOf(*Current()) : Lines{};
+    }
+    TempFolder folder;
+};
+
+TEST_F(FileReadingTest, LineEndsPiecesOf254AndTheSizeMessage) {
+    // Other carriage returns stay; a piece of exactly 254 characters leaves its line end to
+    // a piece of its own; like a C line reader, "ab\0cd\n" counts as "ab" without a line end.
+    const std::string q254(254, 'q'), c253(253, 'c');
+    const std::pair<std::string, Lines> cases[] = {
+        {"a\r\nb\r\n", {"a", "b", ""}},
+        {"a\r\nb", {"a", "b"}},
+        {"a\nb\n", {"a", "b", ""}},
+        {"", {""}},
+        {"\n", {"", ""}},
+        {"x\ty\r\n\tz\r\r\nmid\rdle", {"x\ty", "\tz\r", "mid\rdle"}},
+        {q254 + std::string(46, 'q') + "\r\nend", {q254, std::string(46, 'q'), "end"}},
+        {q254 + "\nx", {q254, "", "x"}},
+        {c253 + "\r\n", {c253, "", ""}},
+        {std::string("ab\0cd\nef\n", 9), {"ab", "ef", ""}},
+    };
+    int file = 0;
+    for (const auto& [bytes, lines] : cases) {
+        EXPECT_EQ(Load(bytes, std::to_string(++file) + ".vhd"), lines);
+        EXPECT_EQ(Current()->lines.modified, 0);
+    }
+    EXPECT_EQ(host.busyCursorDepth, 0);
+    EXPECT_EQ(host.ErrorBoxTexts(), "Error(s) reading file '" + folder.File("10.vhd") +
+                                        "'.\nExpected 9 bytes, actually read 5 bytes.\n");
+}
+
+TEST_F(FileReadingTest, UnreadableFileStillOpensAnEmptyBuffer) {
+    // A folder exists, so no question is asked, but it cannot be read as a file.
+    const std::string path = folder.File("sub");
+    std::filesystem::create_directory(path);
+    EXPECT_EQ(openFile(path, 0, 0, KindDocument), 0);
+    ASSERT_NE(Current(), nullptr);
+    EXPECT_EQ(LinesOf(*Current()), (Lines{""}));
+    EXPECT_EQ(Current()->fileName, path);
+}
+
+TEST_F(FileReadingTest, FileTimeIsTheModificationTime) {
+    const std::string path = folder.File("t.vhd");
+    WriteBytes(path, "x");
+    TouchLater(path, 1000);
+    ASSERT_EQ(openFile(path, 0, 0, KindDocument), 0);
+    const auto stamp = std::filesystem::last_write_time(path);
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(
+        std::chrono::file_clock::to_sys(stamp).time_since_epoch());
+    EXPECT_EQ(Current()->fileTime, static_cast<int32_t>(seconds.count()));
+}
+
+// The chunk rule as a line-reading call with a 255-character buffer gives it.
+Lines ChunkRule(const std::string& path, long& count) {
+    Lines lines;
+    std::FILE* file = std::fopen(path.c_str(), "rb");
+    char piece[ReadChunkLength + 1];
+    bool endedWithNewline = true;
+    count = 0;
+    while (std::fgets(piece, sizeof piece, file) != nullptr) {
+        size_t length = std::strlen(piece);
+        count += static_cast<long>(length);
+        endedWithNewline = length > 0 && piece[length - 1] == '\n';
+        if (endedWithNewline) --length;
+        if (length > 0 && piece[length - 1] == '\r') --length;
+        lines.emplace_back(piece, length);
+    }
+    std::fclose(file);
+    if (endedWithNewline) lines.emplace_back();
+    return lines;
+}
+
+// Lines of 253, 254 and 255 bytes and longer ones, every kind of line end, NUL bytes, lone
+// carriage returns, and sometimes no final line end.
+std::string RandomBytes(std::mt19937& random, int lineCount) {
+    static const int lengths[] = {0, 1, 7, 40, 253, 254, 255, 256, 509};
+    static const char* const ends[] = {"\n", "\r\n", "\r", "\r\r\n", "\n\r"};
+    std::string bytes;
+    for (int i = 0; i < lineCount; ++i) {
+        const int length = lengths[random() % std::size(lengths)];
+        for (int k = 0; k < length; ++k) {
+            const unsigned roll = random() % 400;
+            bytes += roll == 0   ? '\0'
+                     : roll < 8  ? '\r'
+                     : roll < 30 ? '\t'
+                                 : "ab z_(x\xe9"[roll % 8];
+        }
+        if (i + 1 < lineCount || random() % 2 == 0) bytes += ends[random() % std::size(ends)];
+    }
+    return bytes;
+}
+
+TEST_F(FileReadingTest, TheReaderGivesWhatTheChunkRuleGivesAndItsLinesEditLikeAnyOthers) {
+    std::mt19937 random(17);
+    const std::string path = folder.File("random.bin");
+    // Small files, and one that spans several of the reader's blocks.
+    for (int file = 0; file < 41; ++file) {
+        WriteBytes(path, RandomBytes(random, file < 40 ? file % 20 : 5000));
+        long expectedCount = 0;
+        const Lines expected = ChunkRule(path, expectedCount);
+        EditBuffer buffer;
+        buffer.lines.growBy = 2; // the slot array grows often, with a gap inside it
+        std::FILE* in = std::fopen(path.c_str(), "rb");
+        EXPECT_EQ(readLines(in, buffer.lines), expectedCount) << file;
+        std::fclose(in);
+        ASSERT_EQ(LinesOf(buffer), expected) << file;
+
+        // Whole lines removed and put in at random places, checked against a plain model.
+        Lines model = expected;
+        for (int step = 0; step < 60; ++step) {
+            const int32_t at = static_cast<int32_t>(random() % model.size());
+            if (random() % 2 == 0 && model.size() > 1) {
+                const int32_t end = at + static_cast<int32_t>(random() % (model.size() - at));
+                ASSERT_EQ(DeleteRange(buffer, MakePos(at, 0), MakePos(end, 0)), 1);
+                model.erase(model.begin() + at, model.begin() + end);
+            } else {
+                const std::string inserted = std::to_string(step) + "\nnew\n";
+                ASSERT_EQ(InsertText(buffer, inserted, at, 0), 1);
+                model.insert(model.begin() + at, {std::to_string(step), "new"});
+            }
+        }
+        EXPECT_EQ(LinesOf(buffer), model) << file;
+        ClearLineList(&buffer.lines);
+    }
+}
+
+TEST_F(FileReadingTest, RunningOutOfMemoryOpensNothingAndNamesTheRequestAndTheTotal) {
+    std::string bytes;
+    for (int i = 0; i < 20000; ++i)
+        bytes += "  NAND2X1 U" + std::to_string(i) + " (.A(n1), .Y(n2));\n";
+    const std::string path = folder.File("net.v");
+    WriteBytes(path, bytes);
+    long count = 0;
+    const Lines all = ChunkRule(path, count);
+    AllocatorStats& stats = editor.settings.allocator;
+    // Too little for the line storage; enough for it but not for all the slots.
+    for (const long room :
+         {static_cast<long>(bytes.size() / 2), static_cast<long>(bytes.size()) + 20000}) {
+        host.boxes.clear();
+        stats.limitBytes = stats.totalBytes + room;
+        // Part of the file in a buffer would cut the file short when saved: nothing opens.
+        EXPECT_EQ(openFile(path, 0, 0, KindDocument), 1);
+        const long limit = stats.limitBytes;
+        stats.limitBytes = -1;
+        ASSERT_EQ(host.boxes.size(), 1u) << room;
+        int requested = 0;
+        long total = 0;
+        ASSERT_EQ(std::sscanf(host.boxes[0].text.c_str(), "Alloc failed for %d bytes (Total %ld).",
+                              &requested, &total),
+                  2)
+            << host.boxes[0].text;
+        EXPECT_LE(total, limit);
+        EXPECT_GT(total + requested, limit);
+        EXPECT_EQ(Current(), nullptr);
+    }
+    ASSERT_EQ(openFile(path, 0, 0, KindDocument), 0);
+    EXPECT_EQ(LinesOf(*Current()), all);
 }
 
 } // namespace
