@@ -1,6 +1,7 @@
 // The HDL aids: template files (the reader's reports, expansion, the two dialogs, expansion by
 // name, the [Templates] profile section), range edits with their dialog, word expansion.
 #include <algorithm>
+#include <tuple>
 
 #include "aids/hdl_aids_state.h"
 #include "aids/hdl_edits_dialog.h"
@@ -42,6 +43,22 @@ class TemplatesTest : public EditorTest {
         return names;
     }
     TemplateState& state() { return editor.hdlAids.templates; }
+    // VHDL as language 1: its comment, reserved words and a type, and abbreviations.
+    LanguageDef& Vhdl(std::vector<std::pair<std::string, std::string>> abbreviations = {}) {
+        LanguageDef& vhdl = LanguageEntry(1);
+        vhdl.name = "VHDL";
+        vhdl.lineComment = "--";
+        vhdl.caseSensitive = false;
+        for (const char* word : {"signal", "end", "is", "entity"})
+            EXPECT_TRUE(vhdl.groups[0].words.Append(word));
+        EXPECT_TRUE(vhdl.groups[1].words.Append("std_logic"));
+        SortKeywords(vhdl.groups[0].words);
+        for (const auto& [name, value] : abbreviations) {
+            EXPECT_TRUE(vhdl.expanderNames.Append(name));
+            EXPECT_TRUE(vhdl.expanderValues.Append(value));
+        }
+        return vhdl;
+    }
 };
 
 TEST_F(TemplatesTest, ReaderKeepsGoodTemplatesAndReportsEachFault) {
@@ -218,44 +235,39 @@ TEST_F(TemplatesTest, ShippedExpandersNameShippedTemplates) {
     EXPECT_FALSE(HasStartupErrors()) << Reports().front();
 }
 
-class RangeEditsTest : public EditorTest {
-  protected:
-    RangeEditsTest() {
-        LanguageDef& vhdl = LanguageEntry(1);
-        vhdl.name = "VHDL";
-        vhdl.lineComment = "--";
-        vhdl.caseSensitive = false;
-        for (const char* word : {"signal", "end", "is", "entity"})
-            EXPECT_TRUE(vhdl.groups[0].words.Append(word));
-        EXPECT_TRUE(vhdl.groups[1].words.Append("std_logic"));
-        SortKeywords(vhdl.groups[0].words);
-    }
-};
-
-TEST_F(RangeEditsTest, SelectedLinesCommandsChangeOneLineStartEach) {
-    struct Case {
-        int (*command)();
-        TextPos from, to;
-        const char* expected;
-        int edits;
-    } cases[] = {
-        // A selection ending at column 0 of line 4 takes lines 1 to 3.
-        {AddComment, {1, 2}, {4, 0}, "a;\n--signal b;\n--\tc;\n--end\nx", 3},
-        {RemoveComment, {0, 0}, {4, 1}, "a;\nsignal b;\n\tc;\nend\nx", 3},
-        {AddIndent, {3, 0}, {4, 0}, "a;\n--signal b;\n\tc;\n\tend\nx", 1},
-        {RemoveIndent, {0, 0}, {4, 0}, "a;\n--signal b;\n\tc;\n  end\nx", 1},
+TEST_F(TemplatesTest, SelectedLinesCommandsChangeOneLineStartEach) {
+    Vhdl();
+    // {before, command, selection, after, edits}: a selection ending at column 0 of line 4
+    // takes lines 1 to 3.
+    const std::tuple<const char*, int (*)(), TextRange, const char*, int> cases[] = {
+        {"a;\nsignal b;\n\tc;\nend\nx",
+         AddComment,
+         {{1, 2}, {4, 0}},
+         "a;\n--signal b;\n--\tc;\n--end\nx",
+         3},
+        {"a;\n--signal b;\n--\tc;\n--end\nx",
+         RemoveComment,
+         {{0, 0}, {4, 1}},
+         "a;\nsignal b;\n\tc;\nend\nx",
+         3},
+        {"a;\n--signal b;\n\tc;\nend\nx",
+         AddIndent,
+         {{3, 0}, {4, 0}},
+         "a;\n--signal b;\n\tc;\n\tend\nx",
+         1},
+        {"a;\n--signal b;\n\t\tc;\n  end\nx",
+         RemoveIndent,
+         {{0, 0}, {4, 0}},
+         "a;\n--signal b;\n\tc;\n  end\nx",
+         1},
     };
-    const char* texts[] = {"a;\nsignal b;\n\tc;\nend\nx", "a;\n--signal b;\n--\tc;\n--end\nx",
-                           "a;\n--signal b;\n\tc;\nend\nx", "a;\n--signal b;\n\t\tc;\n  end\nx"};
-    int i = 0;
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.expected);
-        TestBuffer buffer(texts[i++]);
+    for (const auto& [before, command, selection, after, edits] : cases) {
+        TestBuffer buffer(before);
         buffer->language = &LanguageEntry(1);
-        buffer.Select(c.from, c.to);
-        c.command();
-        EXPECT_EQ(buffer.Text(), c.expected);
-        EXPECT_EQ(buffer.LoggedTransactions(), c.edits);
+        buffer.Select(selection.start, selection.end);
+        command();
+        EXPECT_EQ(buffer.Text(), after);
+        EXPECT_EQ(buffer.LoggedTransactions(), edits) << after;
     }
 
     // The selection stays on its lines, so the command can be repeated.
@@ -272,7 +284,8 @@ TEST_F(RangeEditsTest, SelectedLinesCommandsChangeOneLineStartEach) {
     EXPECT_EQ(buffer.Text(), "--signal a;\n----b;");
 }
 
-TEST_F(RangeEditsTest, CaseChangesReservedWordsOutsideComments) {
+TEST_F(TemplatesTest, CaseChangesReservedWordsOutsideComments) {
+    Vhdl();
     TestBuffer buffer("Entity e IS\nsignal ends_in : std_logic; -- signal end\n9end");
     buffer->language = &LanguageEntry(1);
     ApplyRangeEdit(RangeAction::Case, true, -4, 99);
@@ -283,7 +296,8 @@ TEST_F(RangeEditsTest, CaseChangesReservedWordsOutsideComments) {
     EXPECT_EQ(buffer.Text(), "entity e is\nsignal ends_in : std_logic; -- signal end\n9END");
 }
 
-TEST_F(RangeEditsTest, DialogNeedsARangeAndTicksOneBoxOnly) {
+TEST_F(TemplatesTest, RangeDialogNeedsARangeAndTicksOneBoxOnly) {
+    Vhdl();
     TestBuffer buffer("a\nb\nc");
     buffer->language = &LanguageEntry(1);
     buffer.PlaceCaret(1, 0);
@@ -316,22 +330,13 @@ TEST_F(RangeEditsTest, DialogNeedsARangeAndTicksOneBoxOnly) {
     EXPECT_EQ(buffer.Text(), "a\nb\nc");
 }
 
-class WordExpansionTest : public EditorTest {
-  protected:
-    void Abbreviate(const std::string& name, const std::string& value) {
-        LanguageDef& vhdl = LanguageEntry(1);
-        vhdl.name = "VHDL";
-        EXPECT_TRUE(vhdl.expanderNames.Append(name));
-        EXPECT_TRUE(vhdl.expanderValues.Append(value));
-    }
-};
-
-TEST_F(WordExpansionTest, LanguageExpandReplacesTheWordByValueOrTemplate) {
+TEST_F(TemplatesTest, LanguageExpandReplacesTheWordByValueOrTemplate) {
     TempFile templates("[ent(name)]\nentity $1$ is\nend entity $1$;\n[bare()]\n");
-    Abbreviate("sig", "signal ");
-    Abbreviate("ent", "[" + templates.path() + "][ent]");
-    Abbreviate("bad", "[" + templates.path() + "[ent]");
-    Abbreviate("gone", "[" + templates.path() + "][nope]");
+    const std::string file = "[" + templates.path();
+    Vhdl({{"sig", "signal "},
+          {"ent", file + "][ent]"},
+          {"bad", file + "[ent]"},
+          {"gone", file + "][nope]"}});
     TestBuffer buffer("sig\n  SIG\nx bad\nx gone\n  ent");
     buffer->language = &LanguageEntry(1);
 
@@ -362,7 +367,7 @@ TEST_F(WordExpansionTest, LanguageExpandReplacesTheWordByValueOrTemplate) {
     EXPECT_EQ(buffer.Text(), "sig\n  signal \nx bad\nx gone\n  ent");
 }
 
-TEST_F(WordExpansionTest, IdentifierExpandTakesEachEarlierWordOnceThenSaysSo) {
+TEST_F(TemplatesTest, IdentifierExpandTakesEachEarlierWordOnceThenSaysSo) {
     TestBuffer buffer("clock <= '0';\nclear <= xclear;\nclr; cl");
     buffer.PlaceCaret(2, 7);
     const char* expected[] = {"clr", "clear", "clock"};

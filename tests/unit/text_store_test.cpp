@@ -408,38 +408,5 @@ TEST_F(FileReadingTest, TheReaderGivesWhatTheChunkRuleGivesAndItsLinesEditLikeAn
     }
 }
 
-TEST_F(FileReadingTest, RunningOutOfMemoryOpensNothingAndNamesTheRequestAndTheTotal) {
-    std::string bytes;
-    for (int i = 0; i < 20000; ++i)
-        bytes += "  NAND2X1 U" + std::to_string(i) + " (.A(n1), .Y(n2));\n";
-    const std::string path = folder.File("net.v");
-    WriteBytes(path, bytes);
-    long count = 0;
-    const Lines all = ChunkRule(path, count);
-    AllocatorStats& stats = editor.settings.allocator;
-    // Too little for the line storage; enough for it but not for all the slots.
-    for (const long room :
-         {static_cast<long>(bytes.size() / 2), static_cast<long>(bytes.size()) + 20000}) {
-        host.boxes.clear();
-        stats.limitBytes = stats.totalBytes + room;
-        // Part of the file in a buffer would cut the file short when saved: nothing opens.
-        EXPECT_EQ(openFile(path, 0, 0, KindDocument), 1);
-        const long limit = stats.limitBytes;
-        stats.limitBytes = -1;
-        ASSERT_EQ(host.boxes.size(), 1u) << room;
-        int requested = 0;
-        long total = 0;
-        ASSERT_EQ(std::sscanf(host.boxes[0].text.c_str(), "Alloc failed for %d bytes (Total %ld).",
-                              &requested, &total),
-                  2)
-            << host.boxes[0].text;
-        EXPECT_LE(total, limit);
-        EXPECT_GT(total + requested, limit);
-        EXPECT_EQ(Current(), nullptr);
-    }
-    ASSERT_EQ(openFile(path, 0, 0, KindDocument), 0);
-    EXPECT_EQ(LinesOf(*Current()), all);
-}
-
 } // namespace
 } // namespace ruvo
