@@ -2,6 +2,7 @@
 #include "tools/result_window.h"
 
 #include <string>
+#include <utility>
 
 #include "docs/documents.h"
 #include "docs/file_reading.h"
@@ -27,18 +28,19 @@ ToolsState& Tools() {
 }
 
 // Appends text whose lines are separated by line feeds to the last line, cutting lines
-// after OutputPieceLength bytes.
-void AppendLines(EditBuffer& buffer, std::string_view text) {
+// after OutputPieceLength bytes. False when memory ran out (the lines made so far stay).
+bool AppendLines(EditBuffer& buffer, std::string_view text) {
     LineList& lines = buffer.lines;
-    if (lines.lineCount == 0 && AppendLine(&lines, "") != 0) return;
+    if (lines.lineCount == 0 && AppendLine(&lines, "") != 0) return false;
     std::string current = lines.lineText[lines.lineCount - 1];
     bool first = true; // `current` is still the buffer's last line
+    bool whole = true;
     auto flush = [&] {
         if (first) {
-            (void)ReplaceLine(buffer, current, lines.lineCount - 1);
+            whole = whole && ReplaceLine(buffer, current, lines.lineCount - 1) == 1;
             first = false;
         } else {
-            (void)AppendLine(&lines, current);
+            whole = whole && AppendLine(&lines, current) == 0;
         }
         current.clear();
     };
@@ -52,18 +54,27 @@ void AppendLines(EditBuffer& buffer, std::string_view text) {
         current += c;
     }
     flush();
+    return whole;
+}
+
+// Puts the lines in place of the buffer's text, with the caret at the top and a new history.
+void ReplaceResultText(EditBuffer& buffer, LineList& lines) {
+    ClearLineList(&buffer.lines);
+    std::swap(buffer.lines.lineCount, lines.lineCount);
+    std::swap(buffer.lines.capacity, lines.capacity);
+    std::swap(buffer.lines.lineText, lines.lineText);
+    std::swap(buffer.lines.slabs, lines.slabs);
+    buffer.cursor = buffer.anchor = buffer.selStart = buffer.selEnd = TextPos{};
+    buffer.topLine = buffer.leftColumn = 0;
+    ResetTransactionLog(buffer);
 }
 
 } // namespace
 
 void EmptyResultBuffer(EditBuffer& buffer) {
-    ClearLineList(&buffer.lines);
-    (void)AppendLine(&buffer.lines, "");
-    buffer.lines.modified = 0;
-    buffer.lines.hasSelection = 0;
-    buffer.cursor = buffer.anchor = buffer.selStart = buffer.selEnd = TextPos{};
-    buffer.topLine = buffer.leftColumn = 0;
-    ResetTransactionLog(buffer);
+    LineList empty;
+    (void)AppendLine(&empty, "");
+    ReplaceResultText(buffer, empty);
 }
 
 bool IsOpen(const EditBuffer* buffer) {
@@ -77,31 +88,32 @@ EditBuffer* OpenResultBuffer() {
 
 EditBuffer* openResultWindow(std::string_view title, std::string_view commandLine) {
     Editor& editor = TheEditor();
-    // The old list spoke of the text that is about to go.
-    discardErrors();
+    // The header is made aside first: when memory runs out, the windows stay as they were.
+    EditBuffer header;
+    header.lines.growBy = 16;
+    const bool made = AppendLines(header, "\n") && AppendLines(header, commandLine) &&
+                      AppendLines(header, "\n\n");
     EditBuffer* result = OpenResultBuffer();
-    if (result != nullptr) {
-        EmptyResultBuffer(*result);
-        editor.host.ActivateEditWindow(*result);
-    } else {
-        if (openFile(ResultWindowName, 1, 1, KindMessage) != 0) return nullptr;
-        result = editor.engine.currentBuffer;
-        if (result == nullptr) return nullptr;
+    const bool reused = result != nullptr;
+    if (made && !reused && openFile(ResultWindowName, 1, 1, KindMessage) == 0)
+        result = Tools().resultBuffer = editor.engine.currentBuffer;
+    if (!made || result == nullptr) {
+        ClearLineList(&header.lines);
+        return nullptr;
     }
-    AppendLines(*result, "\n");
-    AppendLines(*result, commandLine);
-    AppendLines(*result, "\n\n");
-    result->lines.modified = 0;
+    // The old list spoke of the text that goes now.
+    discardErrors();
+    ReplaceResultText(*result, header.lines);
+    if (reused) editor.host.ActivateEditWindow(*result);
     editor.host.SetWindowTitle(*result, title);
     editor.host.RedrawWindow(*result);
     editor.host.UpdateCaretAndStatus(*result);
-    Tools().resultBuffer = result;
     return result;
 }
 
 void appendToolOutput(EditBuffer& buffer, std::string_view chunk) {
     if (buffer.IsClosed()) return;
-    AppendLines(buffer, chunk);
+    (void)AppendLines(buffer, chunk);
     buffer.lines.modified = 0;
     const TextPos end = ClampPos(buffer, buffer.lines.lineCount, FarColumn);
     RecordEdit(buffer, end, end, "", end, ScrollTarget{}, end, end);

@@ -17,6 +17,7 @@
 #include "engine/edit_input.h"
 #include "engine/transaction_log.h"
 #include "fake_host.h"
+#include "tools/result_window.h"
 
 namespace ruvo {
 namespace {
@@ -113,6 +114,14 @@ const Operation Operations[] = {
          TypeChar(*Current(), 'y');
      },
      [](const TempFolder& folder) { (void)saveBuffer(folder.File("top.vhd"), *Current()); }},
+    {"result window", false, OpenSource,
+     [](const TempFolder&) { (void)openResultWindow("Compile", "vcom -work work top.vhd"); }},
+    {"result window again", false,
+     [](const TempFolder& folder) {
+         OpenSource(folder);
+         (void)openResultWindow("Compile", "vcom top.vhd");
+     },
+     [](const TempFolder&) { (void)openResultWindow("Compile", "vlog top.v"); }},
 };
 
 class AllocationFailureTest : public ::testing::TestWithParam<Operation> {};
