@@ -21,11 +21,14 @@
 namespace ruvo {
 
 // Installed for one input and released with it, so no state passes from one input to the next.
+// The editor goes (with its buffers) while still installed.
 struct FuzzSession {
     FakeHost host;
+    struct Uninstall {
+        ~Uninstall() { InstallEditor(nullptr); }
+    } uninstall;
     Editor editor{host};
     FuzzSession() { InstallEditor(&editor); }
-    ~FuzzSession() { InstallEditor(nullptr); }
     FuzzSession(const FuzzSession&) = delete;
     FuzzSession& operator=(const FuzzSession&) = delete;
 };
@@ -68,9 +71,10 @@ inline std::vector<std::string_view> SplitLines(std::string_view text) {
     return lines;
 }
 
-// Each fuzzer runs in an empty folder of its own, so a path in an input names nothing real.
+// Each fuzzer runs in an empty folder of its own, so a path in an input names nothing real; in
+// memory, as files are written for every input.
 inline void EnterScratchFolder() {
-    static char folder[] = "/tmp/ruvo-fuzz-XXXXXX";
+    static char folder[] = "/dev/shm/ruvo-fuzz-XXXXXX";
     if (mkdtemp(folder) == nullptr || chdir(folder) != 0) std::abort();
     std::atexit([] { std::filesystem::remove_all(folder); });
 }

@@ -1,37 +1,40 @@
-// Fuzzes the message-format rules: a rule file, then tool output read with every format it
-// names and with all of them. Input: rules, a line "%%", output (or the same text for both).
+// Fuzzes the message-format rules: a rule file, then a user tool's output read into the result
+// window and the error list with every format it names and with "auto". Input: rules, a line
+// "%%", output (or the same text for both).
 #include <cstdio>
 
 #include "fuzz_session.h"
+#include "tools/error_list.h"
 #include "tools/message_formats.h"
+#include "tools/result_window.h"
 
 using namespace ruvo;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     FuzzSession session;
     const std::vector<std::string_view> parts = SplitParts(AsText(data, size));
-    const std::string_view rules = parts.front();
-    const std::string_view output = parts.back();
-
-    std::string bytes(rules);
-    std::FILE* file = fmemopen(bytes.data(), bytes.size() + 1, "rb");
+    std::string rules(parts.front());
+    std::FILE* file = fmemopen(rules.data(), rules.size() + 1, "rb");
     if (file == nullptr) return 0;
-    const MessageFormats formats = ReadMessageFormats(file);
+    ToolsState& tools = session.editor.tools;
+    tools.formats = ReadMessageFormats(file);
     std::fclose(file);
 
     std::vector<std::string> names{std::string(AllFormatsName)};
-    for (const MessageFormat& format : formats)
+    for (const MessageFormat& format : tools.formats)
         names.push_back(format.name);
+    tools.runDirectory = "C:\\work\\..\\hdl";
     for (const std::string& name : names) {
-        MessageReader reader(formats, name);
-        for (std::string_view line : SplitLines(output)) {
-            const auto location = reader.Read(line);
-            if (!location) continue;
-            const std::string path =
-                CleanPath(ResolveMessagePath("C:\\work\\..\\hdl", location->file));
-            (void)SameFilePath(path, location->file);
-            const int32_t column = ColumnToByte(line, location->column, location->tabWidth);
+        tools.runFormat = name;
+        session.host.processScripts.push_back({true, {std::string(parts.back())}});
+        (void)runWithResultWindow("Tool", "make", tools.runDirectory, ErrorMode::Formats);
+        const EditBuffer* result = OpenResultBuffer();
+        for (const ErrorEntry& entry : tools.errorList) {
+            const std::string_view line = result->lines.lineText[entry.resultLine];
+            const int32_t column = ColumnToByte(line, entry.column, entry.tabWidth);
             if (column < 0 || column > static_cast<int32_t>(line.size())) std::abort();
+            if (!entry.file.empty() && !SameFilePath(entry.file, CleanPath(entry.file)))
+                std::abort();
         }
     }
     return 0;
