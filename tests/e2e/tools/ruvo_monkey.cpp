@@ -4,8 +4,10 @@
 // Usage: ruvo_monkey SEED EVENTS FILE
 // Each event is sent from a helper thread and waits until the editor has handled it, while
 // this thread closes the dialogs it opened (Cancel, else No, else OK: never a save). An event
-// that takes longer than 30 s is a hang; a frame that disappears is a crash. At the end the
-// editor is told to exit and every question is answered No, so nothing is saved.
+// that takes longer than 90 s is a hang; a frame that disappears is a crash. New and opened
+// windows pile up, and Wine arranges each of them one at a time (half a second a window under
+// load), so beyond MaxWindows the active window is closed, its question answered No. At the
+// end the editor is told to exit and every question is answered No, so nothing is saved.
 // FILE is opened again whenever no edit window is left. Prints the seed first, so that a
 // failure can be replayed.
 #include <windows.h>
@@ -22,7 +24,8 @@
 
 namespace {
 
-constexpr DWORD EventTimeout = 30000;
+constexpr DWORD EventTimeout = 90000;
+constexpr int MaxWindows = 12;
 
 HWND frame = nullptr;
 DWORD editorProcess = 0;
@@ -33,10 +36,22 @@ DWORD editorProcess = 0;
     std::exit(1);
 }
 
+HWND Client() {
+    return FindWindowExA(frame, nullptr, "MDICLIENT", nullptr);
+}
+
 HWND ActiveChild() {
-    HWND client = FindWindowExA(frame, nullptr, "MDICLIENT", nullptr);
+    HWND client = Client();
     return client == nullptr ? nullptr
                              : reinterpret_cast<HWND>(SendMessageA(client, WM_MDIGETACTIVE, 0, 0));
+}
+
+int ChildCount() {
+    int count = 0;
+    for (HWND child = GetWindow(Client(), GW_CHILD); child != nullptr;
+         child = GetWindow(child, GW_HWNDNEXT))
+        ++count;
+    return count;
 }
 
 // One message sent and waited for from a helper thread, so that this one can close dialogs.
@@ -91,16 +106,17 @@ int CloseDialogs(bool preferNo) {
 
 int closedDialogs = 0;
 
-void Send(HWND window, UINT message, WPARAM wParam, LPARAM lParam, const std::string& what) {
+void Send(HWND window, UINT message, WPARAM wParam, LPARAM lParam, const std::string& what,
+          bool preferNo = false) {
     Delivery delivery{window, message, wParam, lParam};
     HANDLE thread = CreateThread(nullptr, 0, Deliver, &delivery, 0, nullptr);
     if (thread == nullptr) Fail("cannot start a thread");
     while (WaitForSingleObject(thread, 20) == WAIT_TIMEOUT)
-        closedDialogs += CloseDialogs(false);
+        closedDialogs += CloseDialogs(preferNo);
     CloseHandle(thread);
     if (!IsWindow(frame)) Fail("the editor is gone after " + what);
-    if (delivery.sent == 0) Fail("the editor did not finish " + what + " within 30 s");
-    closedDialogs += CloseDialogs(false);
+    if (delivery.sent == 0) Fail("the editor did not finish " + what + " within 90 s");
+    closedDialogs += CloseDialogs(preferNo);
 }
 
 // Commands that would save, print, end the editor or start other programs are left out.
@@ -142,7 +158,12 @@ int main(int argc, char** argv) {
                         VK_DOWN,  VK_HOME,   VK_END,    VK_PRIOR, VK_NEXT,  VK_INSERT};
 
     for (int event = 0; event < events; ++event) {
+        const std::string what = "event " + std::to_string(event);
         HWND child = ActiveChild();
+        if (child != nullptr && ChildCount() > MaxWindows) {
+            Send(child, WM_CLOSE, 0, 0, what + " (closing a window)", true);
+            child = ActiveChild();
+        }
         if (child == nullptr) {
             OpenFile(file);
             child = ActiveChild();
@@ -154,7 +175,6 @@ int main(int argc, char** argv) {
             return MAKELPARAM(below(std::max<LONG>(area.right, 1)),
                               below(std::max<LONG>(area.bottom, 1)));
         };
-        const std::string what = "event " + std::to_string(event);
         const int kind = below(100);
         if (kind < 35) {
             const char c = below(5) == 0 ? static_cast<char>(32 + below(95))

@@ -18,7 +18,7 @@ e2e_driver wait-frame "$E2E_TIMEOUT"
 e2e_log "monkey: seed $seed, $events events (again: MONKEY_SEED=$seed MONKEY_EVENTS=$events)"
 status=0
 out=$(cd "$E2E_APP_DIR" &&
-    timeout $((events / 4 + 120)) wine ruvo_monkey.exe "$seed" "$events" 'C:\work\alu.vhd' \
+    timeout $((events / 2 + 120)) wine ruvo_monkey.exe "$seed" "$events" 'C:\work\alu.vhd' \
         </dev/null 2>/dev/null | tr -d '\r') || status=$?
 printf '%s\n' "$out" | sed 's/^/[monkey] /' >&2
 if ((status != 0)) || ! grep -q '^monkey done ' <<<"$out"; then
