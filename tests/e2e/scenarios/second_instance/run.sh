@@ -1,86 +1,52 @@
 #!/usr/bin/env bash
-# A second start hands its command line to the running editor and ends: the file opens in
-# the first frame, also when named relative to the second start's directory. "/n" starts a
-# frame of its own; "/p" ends without showing a frame.
+# Starts from the command line. Missing files are offered for creation in a Yes/No box owned
+# by the editor (Yes opens an empty window under that name, No opens nothing); a language
+# options file that cannot be opened is listed in the "startup.err" window shown last. A
+# second start hands its command line to the running editor and ends: the file opens in the
+# first frame, also when named relative to the second start's directory, and the same name
+# again brings its window forward. "/n" starts a frame of its own. Alt+F4 closes the frame
+# with its windows.
 set -euo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/../../lib.sh"
 
-work=$WINEPREFIX/drive_c/work
-mkdir -p "$work"
-printf 'entity a is\r\nend a;\r\n' >"$work/a.vhd"
-printf 'entity b is\r\nend b;\r\n' >"$work/b.vhd"
-printf 'entity c is\r\nend c;\r\n' >"$work/c.vhd"
+for name in a b c; do e2e_file $name.vhd "entity $name is" "end $name;"; done
+e2e_profile VHDL File='C:\nowhere\vhdl.lsf'
 
-# Starts ruvo.exe in DIRECTORY with ARGS and waits until that start has ended.
-start_and_wait_end() {
-    local directory=$1
-    shift
-    (cd "$directory" && exec wine "$E2E_APP_DIR/ruvo.exe" "$@") \
-        </dev/null >>"${E2E_SCENARIO_LOG:-/dev/null}" 2>&1 &
-    local pid=$! waited=0
-    while kill -0 "$pid" 2>/dev/null; do
-        ((waited >= 300)) && e2e_fail "ruvo.exe $* did not end within 30 s"
-        sleep 0.1
-        waited=$((waited + 1))
-    done
-    wait "$pid" || e2e_fail "ruvo.exe $* ended with status $?"
-    e2e_log "ruvo.exe $* ended by itself"
+question="No such file"
+e2e_start_ruvo 'C:\work\a.vhd' 'C:\work\new.vhd' 'C:\work\gone.v'
+e2e_driver wait-window "$question" "$E2E_TIMEOUT" dialog-text "$question"
+e2e_is dialog-text "File 'C:\\work\\new.vhd' does not exists.\\nDo you want to create an empty file ?"
+e2e_shot missing_file_question
+e2e_driver answer "$question" yes wait-window "$question" "$E2E_TIMEOUT" dialog-text "$question"
+grep -qF "gone.v' does not exists." <<<"$E2E_OUT" || e2e_fail "no question for gone.v"
+e2e_driver answer "$question" no wait-frame "$E2E_TIMEOUT" foreground children active
+e2e_is children 3 active startup.err
+grep -qx 'child C:\\work\\new.vhd' <<<"$E2E_OUT" || e2e_fail "no edit window for new.vhd"
+e2e_key ctrl+Home ctrl+shift+End
+e2e_driver command EditCopy clipboard
+grep -qF 'C:\nowhere\vhdl.lsf' <<<"$(e2e_value clipboard)" ||
+    e2e_fail "the report does not name the missing file: $(e2e_value clipboard)"
+e2e_shot startup_errors
+first=$E2E_RUVO_PID
+
+# A second start in DIRECTORY with FILE ends by itself; then the first frame has CHILDREN
+# windows, the ACTIVE one in front.
+second_start() {
+    E2E_RUVO_DIR=$1 e2e_start_ruvo "$2" && e2e_wait_ruvo_exit 30
+    e2e_driver wait-frame "$E2E_TIMEOUT" frames children active && e2e_is frames 1 children "$3" active "$4"
 }
+second_start "$E2E_APP_DIR" 'C:\work\b.vhd' 4 'C:\work\b.vhd'
+second_start "$work" c.vhd 5 'C:\work\c.vhd'
+second_start "$E2E_APP_DIR" 'C:\work\a.vhd' 5 'C:\work\a.vhd'
 
-e2e_start_ruvo 'C:\work\a.vhd'
-e2e_driver wait-frame "$E2E_TIMEOUT" children
-e2e_expect "edit windows at start" "$(e2e_value children)" "1"
-
-start_and_wait_end "$E2E_APP_DIR" 'C:\work\b.vhd'
-e2e_driver wait-frame "$E2E_TIMEOUT" frames children active
-e2e_expect "frames after a second start" "$(e2e_value frames)" "1"
-e2e_expect "edit windows after a second start" "$(e2e_value children)" "2"
-e2e_expect "handed-over file" "$(e2e_value active)" 'C:\work\b.vhd'
-
-# A name relative to the second start's current directory is made absolute there.
-start_and_wait_end "$work" c.vhd
-e2e_driver wait-frame "$E2E_TIMEOUT" children active
-e2e_expect "edit windows after a relative name" "$(e2e_value children)" "3"
-e2e_expect "relative name handed over" "$(e2e_value active)" 'C:\work\c.vhd'
-
-# The same name again brings its window forward instead of opening it twice.
-start_and_wait_end "$E2E_APP_DIR" 'C:\work\a.vhd'
-e2e_driver wait-frame "$E2E_TIMEOUT" children active
-e2e_expect "edit windows after a.vhd again" "$(e2e_value children)" "3"
-e2e_expect "a.vhd brought forward" "$(e2e_value active)" 'C:\work\a.vhd'
-
-# Printing from the command line opens no frame; with no printer (a CUPS server that does not
-# exist) it says so in an error box and ends.
-(cd "$E2E_APP_DIR" && CUPS_SERVER=$E2E_WORK/no-cups.sock exec wine "$E2E_APP_DIR/ruvo.exe" /p \
-    'C:\work\a.vhd') </dev/null >>"${E2E_SCENARIO_LOG:-/dev/null}" 2>&1 &
-printing=$!
-e2e_driver wait-window Error "$E2E_TIMEOUT" dialog-text Error frames children
-e2e_expect "error box of /p" "$(e2e_value dialog-text)" "No printer is installed."
-e2e_expect "frames after /p" "$(e2e_value frames)" "1"
-e2e_expect "edit windows after /p" "$(e2e_value children)" "3"
-e2e_driver answer Error ok
-wait "$printing" || e2e_fail "ruvo.exe /p ended with status $?"
-
-# "/n": a second frame with its own edit window.
-(cd "$E2E_APP_DIR" && exec wine "$E2E_APP_DIR/ruvo.exe" /n 'C:\work\b.vhd') \
-    </dev/null >>"${E2E_SCENARIO_LOG:-/dev/null}" 2>&1 &
-second=$!
-for _ in $(seq 200); do
-    e2e_driver frames
-    [[ $(e2e_value frames) == 2 ]] && break
-    sleep 0.2
-done
-e2e_expect "frames after /n" "$(e2e_value frames)" "2"
+e2e_start_ruvo /n 'C:\work\b.vhd'
+frames() { e2e_driver frames && [[ $(e2e_value frames) == "$1" ]]; }
+e2e_until 40 frames 2 || e2e_fail "no second frame after /n"
 e2e_shot second_instance_two_frames
-
-# Close both frames (nothing is modified, so no question is asked).
 e2e_driver close
-for _ in $(seq 200); do
-    e2e_driver frames
-    [[ $(e2e_value frames) == 1 ]] && break
-    sleep 0.2
-done
-e2e_expect "frames after closing one" "$(e2e_value frames)" "1"
-e2e_driver close wait-gone "$E2E_TIMEOUT"
-wait "$second" 2>/dev/null || true
+e2e_until 40 frames 1 || e2e_fail "one of the two frames did not close"
+e2e_driver foreground
+e2e_key alt+F4
+e2e_driver wait-gone "$E2E_TIMEOUT"
 e2e_wait_ruvo_exit
+E2E_RUVO_PID=$first e2e_wait_ruvo_exit
