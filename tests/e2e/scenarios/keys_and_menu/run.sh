@@ -15,6 +15,9 @@ e2e_file b.v 'module b;' 'endmodule'
 
 e2e_open 'C:\work\a.vhd' 'C:\work\b.v' -- child-screen-rect StatusClass
 status=$(e2e_value child-screen-rect)
+# The panes are filled after the start has settled.
+painted() { e2e_driver status-pane 1 && [[ $(e2e_value status-pane) == Insert ]] && sleep 0.5; }
+e2e_until 10 painted || e2e_fail "the status line shows no insert mode"
 e2e_shot status_panes "$status"
 e2e_driver menu-select WindowCascade
 e2e_shot status_menu_help "$status"
