@@ -9,7 +9,8 @@
 #   e2e_value KEY                the rest of the driver's line that starts with KEY
 #   e2e_is KEY EXPECTED...       each KEY's value in $E2E_OUT equals its EXPECTED
 #   e2e_type TEXT, e2e_key KEY.. real key presses into the focused window (xdotool names:
-#                                Return, ctrl+c, shift+Down, alt+F4); e2e_click X Y
+#                                Return, ctrl+c, shift+Down, alt+F4); e2e_click X Y;
+#                                e2e_xdotool ARGS... any xdotool command chain
 #   e2e_selection WHAT EXPECTED  the active window's selection, copied, equals EXPECTED
 #   e2e_dialog COMMAND TITLE     post COMMAND, wait for its dialog, list its controls;
 #                                e2e_control PATTERN is the first listed control like PATTERN
