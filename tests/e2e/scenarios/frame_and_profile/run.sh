@@ -55,7 +55,7 @@ profile_has() {
     done
 }
 profile_has "GUI MainWindow 80, 90, 720, 560" "GUI FullSize yes" "Options Colors TRUE" \
-    'Files 1 C:\work\alu.vhd' 'Files 2 C:\work\my counter.v
+    'Files 1 C:\work\alu.vhd' 'Files 2 C:\work\my counter.v'
 
 # The next start, without files, comes up maximised; with SaveOnExit the settings are written.
 e2e_profile Options SaveOnExit=1
