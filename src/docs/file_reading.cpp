@@ -21,6 +21,7 @@ namespace ruvo {
 namespace {
 
 constexpr size_t BlockSize = 1 << 18;
+constexpr size_t SmallestBlock = 1 << 12;
 
 // One piece as a line-reading call with a 255-character buffer returns it.
 struct Piece {
@@ -33,9 +34,14 @@ struct Piece {
 // byte are each found once per search, not once per piece.
 class ChunkReader {
   public:
-    explicit ChunkReader(std::FILE* file) : file_(file), block_(new char[BlockSize]) {
+    explicit ChunkReader(std::FILE* file) : file_(file) {
         // The blocks are large already; the stream's own buffer would only add a copy.
         std::setvbuf(file_, nullptr, _IONBF, 0);
+    }
+
+    // A small file is read in one block of its size; 0 when the size is not known.
+    void Expect(long bytes) {
+        if (bytes > 0) size_ = std::clamp(static_cast<size_t>(bytes) + 1, SmallestBlock, BlockSize);
     }
 
     bool Next(Piece& piece) {
@@ -68,11 +74,12 @@ class ChunkReader {
     }
 
     void Refill() {
+        if (!block_) block_.reset(new char[size_]);
         const size_t remaining = length_ - position_;
         std::memmove(block_.get(), block_.get() + position_, remaining);
         position_ = 0;
         length_ = remaining;
-        const size_t wanted = BlockSize - length_;
+        const size_t wanted = size_ - length_;
         const size_t got = std::fread(block_.get() + length_, 1, wanted, file_);
         length_ += got;
         if (got < wanted) atEnd_ = true;
@@ -82,6 +89,7 @@ class ChunkReader {
 
     std::FILE* file_;
     std::unique_ptr<char[]> block_;
+    size_t size_ = BlockSize;
     size_t position_ = 0;
     size_t length_ = 0;
     size_t lineFeed_ = Unknown;
@@ -117,6 +125,7 @@ bool ReserveLines(LineList& lines, long expected, long taken) {
 long readLines(std::FILE* file, LineList& lines) {
     ChunkReader reader(file);
     const long expected = BytesAhead(file);
+    reader.Expect(expected);
     long taken = 0;
     long count = 0;
     bool endedWithNewline = true; // an empty file gives one empty line

@@ -172,8 +172,9 @@ TEST_P(AllocationFailureTest, EveryFailingAllocationLeavesTheTextWholeAndTheFile
             for (int undo = 0; undo < 1000 && UndoTransaction() == 0; ++undo) {
             }
             // Unless the log had to be cleared, which it says.
-            if (session.host.ErrorBoxTexts().find("history cleared") == std::string::npos)
-                EXPECT_TRUE(TextNow() == start || TextNow() == after.first);
+            const bool cleared =
+                session.host.ErrorBoxTexts().find("history cleared") != std::string::npos;
+            EXPECT_TRUE(cleared || TextNow() == start || TextNow() == after.first);
             TypeChar(*buffer, 'z'); // still usable
         }
     }
