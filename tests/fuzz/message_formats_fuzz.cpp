@@ -1,6 +1,6 @@
 // Fuzzes the message-format rules: a rule file, then a user tool's output read into the result
-// window and the error list with every format it names and with "auto". Input: rules, a line
-// "%%", output (or the same text for both).
+// window and from it into the error list with every format the rules name and with "auto".
+// Input: rules, a line "%%", output (or the same text for both).
 #include <cstdio>
 
 #include "fuzz_session.h"
@@ -24,13 +24,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     for (const MessageFormat& format : tools.formats)
         names.push_back(format.name);
     tools.runDirectory = "C:\\work\\..\\hdl";
+    tools.runFormat = names.back();
+    session.host.processScripts.push_back({true, {std::string(parts.back())}});
+    (void)runWithResultWindow("Tool", "make", tools.runDirectory, ErrorMode::Formats);
+    EditBuffer& result = *OpenResultBuffer();
     for (const std::string& name : names) {
         tools.runFormat = name;
-        session.host.processScripts.push_back({true, {std::string(parts.back())}});
-        (void)runWithResultWindow("Tool", "make", tools.runDirectory, ErrorMode::Formats);
-        const EditBuffer* result = OpenResultBuffer();
+        buildErrorList(result, ErrorMode::Formats, "");
         for (const ErrorEntry& entry : tools.errorList) {
-            const std::string_view line = result->lines.lineText[entry.resultLine];
+            const std::string_view line = result.lines.lineText[entry.resultLine];
             const int32_t column = ColumnToByte(line, entry.column, entry.tabWidth);
             if (column < 0 || column > static_cast<int32_t>(line.size())) std::abort();
             if (!entry.file.empty() && !SameFilePath(entry.file, CleanPath(entry.file)))
