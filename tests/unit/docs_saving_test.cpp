@@ -62,13 +62,12 @@ TEST_F(DocsSavingTest, UnchangedFilesRoundTripByteForByte) {
     const std::string alphabet = "abcXYZ019 \t;:-_'\"()<=>\r";
     for (int round = 0; round < 40; ++round) {
         std::string bytes;
-        const int lineCount = static_cast<int>(random() % 60);
-        for (int i = 0; i < lineCount; ++i) {
+        for (int i = random() % 60; i > 0; --i) {
             std::string line(random() % 253, 'x');
             for (char& c : line)
                 c = alphabet[random() % alphabet.size()];
             if (!line.empty() && line.back() == '\r') line.back() = 'r';
-            bytes += line + (i + 1 < lineCount || random() % 2 == 0 ? "\r\n" : "");
+            bytes += line + (i > 1 || random() % 2 == 0 ? "\r\n" : "");
         }
         EditBuffer& buffer = Open("random" + std::to_string(round) + ".vhd", bytes);
         EXPECT_EQ(Save(buffer), 0);
@@ -85,8 +84,7 @@ TEST_F(DocsSavingTest, SavingClearsModifiedAndTheLogAndFailuresKeepThem) {
     EXPECT_EQ(Save(buffer), 0);
     EXPECT_EQ(ReadBytes(buffer.fileName), "abc\r\ndef");
     EXPECT_FALSE(host.enabledCommands[undoRow]);
-    EXPECT_EQ(buffer.lines.modified, 0);
-    EXPECT_EQ(buffer.undoHead->next, nullptr);
+    EXPECT_EQ(std::tuple(buffer.lines.modified, buffer.undoHead->next), std::tuple(0, nullptr));
     EXPECT_EQ(host.statusPanes[4], "Saved file: '" + folder.File("top.vhd") + "'");
     EXPECT_EQ(host.busyCursorDepth, 0);
     EXPECT_GT(buffer.fileTime, 0);
@@ -96,8 +94,7 @@ TEST_F(DocsSavingTest, SavingClearsModifiedAndTheLogAndFailuresKeepThem) {
     EXPECT_EQ(saveBuffer("/dev/full", buffer), 0);
     EXPECT_EQ(host.ErrorBoxTexts(),
               "Error(s) writing file '/dev/full'\n.Expected 9 bytes, actually wrote 0 bytes.\n");
-    EXPECT_EQ(buffer.lines.modified, 1);
-    EXPECT_NE(buffer.undoCurrent, buffer.undoHead);
+    EXPECT_TRUE(buffer.lines.modified == 1 && buffer.undoCurrent != buffer.undoHead);
 
     // A missing folder, or a folder where the file should be: refused, nothing lost.
     const std::string path = folder.File("gone/x.vhd");
@@ -109,9 +106,8 @@ TEST_F(DocsSavingTest, SavingClearsModifiedAndTheLogAndFailuresKeepThem) {
     std::filesystem::create_directory(folder.File("adir.vhd"));
     EXPECT_EQ(saveBuffer(folder.File("adir.vhd"), fresh), 1);
     EXPECT_EQ(host.boxes.size(), 3u);
-    EXPECT_EQ(LinesOf(fresh), (Lines{"line one", "line two"}));
-    EXPECT_EQ(fresh.lines.modified, 1);
-    EXPECT_EQ(fresh.fileName, path);
+    EXPECT_EQ(std::tuple(LinesOf(fresh), fresh.lines.modified, std::string(fresh.fileName)),
+              std::tuple(Lines{"line one", "line two"}, 1, path));
 }
 
 TEST_F(DocsSavingTest, UnnamedBufferAsksForANameAndTakesItsLanguage) {
@@ -124,20 +120,19 @@ TEST_F(DocsSavingTest, UnnamedBufferAsksForANameAndTakesItsLanguage) {
     EXPECT_EQ(SaveFile(), 0); // cancelled: nothing written, the name stays
     ASSERT_EQ(host.fileDialogs.size(), 1u);
     const FileDialogRequest& asked = host.fileDialogs[0];
-    EXPECT_TRUE(asked.save);
-    EXPECT_EQ(asked.title + "|" + asked.initialName + "|" + asked.filter,
-              "Save As|Untitled1|All files(*.*)|*.*|VHDL files(*.vhd)|*.vhd|");
+    EXPECT_EQ(asked.title + "|" + asked.initialName + "|" + asked.filter +
+                  std::to_string(asked.save),
+              "Save As|Untitled1|All files(*.*)|*.*|VHDL files(*.vhd)|*.vhd|1");
     EXPECT_STREQ(buffer.fileName, "Untitled1");
 
     const std::string path = folder.File("new.vhd");
     host.fileDialogAnswers.push_back(FileDialogResult{path, "", false});
     Type(buffer, MakePos(0, 0), "x");
     EXPECT_EQ(Save(buffer), 0);
-    EXPECT_EQ(ReadBytes(path), "x");
-    EXPECT_EQ(buffer.fileName, path);
-    EXPECT_EQ(host.windowTitles[&buffer], path);
-    EXPECT_EQ(buffer.language, &LanguageEntry(1));
-    EXPECT_EQ(host.redrawnWindows.back(), &buffer);
+    EXPECT_EQ(ReadBytes(path) + buffer.fileName + "|" + host.windowTitles[&buffer],
+              "x" + path + "|" + path);
+    EXPECT_EQ(std::tuple(buffer.language, host.redrawnWindows.back()),
+              std::tuple(&LanguageEntry(1), &buffer));
     EXPECT_TRUE(host.lzCopies.empty()); // an unnamed buffer has nothing to back up
     EXPECT_EQ(editor.documents.lastDialogDirectory, path.substr(0, path.rfind('/') + 1));
     host.fileDialogAnswers.push_back(std::nullopt);
@@ -161,7 +156,6 @@ TEST_F(DocsSavingTest, LargeBuffersShowProgressAndSaveAllTakesModifiedOnly) {
     EXPECT_EQ(SaveAll(), 0);
     EXPECT_EQ(ReadBytes(folder.File("big.vhd")), "-" + bytes);
     EXPECT_EQ(ReadBytes(folder.File("b.vhd")), "changed outside");
-    ASSERT_GE(host.progressEvents.size(), 3u);
     EXPECT_EQ(host.progressEvents,
               (Lines{"show Saving file. 2501", "text " + folder.File("big.vhd"), "update 1000",
                      "update 2000", "hide"}));
@@ -197,9 +191,9 @@ TEST_F(DocsSavingTest, BackupCopiesTheOldFileFirstAndExplainsFailures) {
     EditBuffer& bak = Open("a.BAK", "1");
     ASSERT_NE(ReplaceLine(bak, "2", 0), 0);
     EXPECT_EQ(Save(bak), 0);
-    EXPECT_EQ(host.boxes.back().caption, "(default)");
-    EXPECT_EQ(host.boxes.back().text, "Cannot backup file '" + folder.File("a.BAK") +
-                                          "'\nthe backup has the same name as original  file.");
+    EXPECT_EQ(host.boxes.back().caption + host.boxes.back().text,
+              "(default)Cannot backup file '" + folder.File("a.BAK") +
+                  "'\nthe backup has the same name as original  file.");
     EXPECT_EQ(ReadBytes(folder.File("a.BAK")), "2");
     const std::string fresh = folder.File("fresh.vhd");
     EXPECT_EQ(saveBuffer(fresh, bak), 0);
@@ -263,10 +257,9 @@ TEST_F(DocsSavingTest, ANewerFileIsOfferedOnceAndReloadedOnYes) {
     EXPECT_EQ(host.boxes.size(), 2u) << "unnamed, message and vanished files are skipped";
     EXPECT_EQ(host.boxes[0].text,
               "The file: " + folder.File("c.vhd") + " has changed\nDo you want to reload it?");
-    EXPECT_EQ(LinesOf(buffer), (Lines{"uno", ""}));
-    EXPECT_EQ(buffer.lines.modified, 0);
+    EXPECT_EQ(std::tuple(LinesOf(buffer), buffer.lines.modified, host.redrawnWindows.back()),
+              std::tuple(Lines{"uno", ""}, 0, &buffer));
     EXPECT_EQ(buffer.cursor, MakePos(1, 0)); // kept inside the shorter text
-    EXPECT_EQ(host.redrawnWindows.back(), &buffer);
     EXPECT_EQ(LinesOf(mine), (Lines{"mine"}));
 
     checkAllChangedOnDisk(); // No is remembered until the next change
@@ -280,9 +273,8 @@ TEST_F(DocsSavingTest, ANewerFileIsOfferedOnceAndReloadedOnYes) {
     Transaction* logged = buffer.undoCurrent;
     WriteBytes(folder.File("c.vhd"), "xyz\r\n");
     EXPECT_EQ(reloadBuffer(buffer), 0);
-    EXPECT_EQ(LinesOf(buffer), (Lines{"xyz", ""}));
-    EXPECT_EQ(buffer.undoCurrent, logged);
-    EXPECT_EQ(buffer.lines.modified, 0);
+    EXPECT_EQ(std::tuple(LinesOf(buffer), buffer.undoCurrent, buffer.lines.modified),
+              std::tuple(Lines{"xyz", ""}, logged, 0));
     EXPECT_EQ(reloadBuffer(gone), 1);
     EXPECT_EQ(host.boxes.back().text,
               "Cannot open file '" + folder.File("gone.vhd") + "' to refresh the window contents.");

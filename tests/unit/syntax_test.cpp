@@ -1,11 +1,10 @@
 // Keyword and abbreviation lookup, the colouring scanner's runs, and the shipped VHDL and
-// Verilog set-up (config/ruvo.ini with its .lsf files) loaded for real.
+// Verilog languages (config/ruvo.ini with its .lsf files) loaded for real.
 #include <algorithm>
 #include <cstring>
 #include <random>
 #include <sstream>
 
-#include "docs/file_dialogs.h"
 #include "editor_fixture.h"
 #include "engine/edit_buffer.h"
 #include "lang/keyword_lookup.h"
@@ -13,7 +12,6 @@
 #include "lang/syntax_scanner.h"
 #include "language_test_files.h"
 #include "settings/error_report.h"
-#include "settings/settings_io.h"
 
 namespace ruvo {
 namespace {
@@ -220,12 +218,6 @@ TEST_F(ShippedLanguagesTest, TwoLanguagesWithTheirWordsExtensionsAndFilters) {
         for (std::string element; std::getline(list, element, ',');)
             EXPECT_EQ(languageForFile("f." + element), &LanguageEntry(i)) << element;
     }
-
-    // "All files" comes from "None" alone; the active buffer's language comes first.
-    buildFileDialogFilter();
-    EXPECT_EQ(editor.documents.fileDialogFilter, "All files(*.*)|*.*|"
-                                                 "VHDL files (*.vhd;*.vhdl)|*.vhd;*.vhdl|"
-                                                 "Verilog files (*.v;*.vh)|*.v;*.vh|");
 }
 
 TEST_F(ShippedLanguagesTest, CodeInBothLanguagesColoursAsADesignerExpects) {
@@ -233,20 +225,15 @@ TEST_F(ShippedLanguagesTest, CodeInBothLanguagesColoursAsADesignerExpects) {
         {1, "  signal c : unsigned(7 downto 0) := (others => '0'); -- counter",
          "[  ]text[signal]kw1[ c : ]text[unsigned]kw2[(7 ]text[downto]kw1[ 0) := (]text"
          "[others]kw1[ => ]text['0']string[); ]text[-- counter]comment"},
-        {1, "    if rising_edge(clk) then",
-         "[    ]text[if]kw1[ ]text[rising_edge]kw3[(clk) ]text[then]kw1"},
         {1, "ELSIF clk'EVENT AND x'length",
          "[ELSIF]kw1[ clk']text[EVENT]kw4[ ]text[AND]kw1[ x']text[length]kw4"},
         {1, "report \"done -- ok\" severity note;",
          "[report]kw1[ ]text[\"done -- ok\"]string[ ]text[severity]kw1[ ]text[note]kw5[;]text"},
-        {1, "  signal s : sl", "[  ]text[signal]kw1[ s : ]text[sl]abbrev"},
         {2, "  always @(posedge clk) begin // count up",
          "[  ]text[always]kw1[ @(]text[posedge]kw1[ clk) ]text[begin]kw1[ ]text"
          "[// count up]comment"},
         {2, "  $display(\"q=%d\", q);", "[  $]text[display]kw2[(]text[\"q=%d\"]string[, q);]text"},
-        {2, "`timescale 1ns / 1ps", "[`]text[timescale]kw3[ 1ns / 1ps]text"},
         {2, "MODULE Begin end", "[MODULE Begin ]text[end]kw1"}, // case sensitive
-        {2, "/* a block comment", "[/* a block comment]text"},
         {2, "  alw", "[  ]text[alw]abbrev"}};
     for (const auto& [language, line, runs] : lines)
         EXPECT_EQ(DescribeRuns(line, &LanguageEntry(language)), runs) << line;
@@ -266,30 +253,6 @@ TEST_F(ShippedLanguagesTest, CodeInBothLanguagesColoursAsADesignerExpects) {
         for (const char* name : language->expanderNames)
             EXPECT_EQ(FindKeyword(*language, name).length, 0) << name;
     }
-}
-
-TEST_F(ShippedLanguagesTest, SavingWritesBackWhatTheFilesHoldButAMaximisedFirstWindow) {
-    FakeHost shipped;
-    ASSERT_TRUE(LoadIniIntoProfile(shipped, SourcePath("config/ruvo.ini")));
-    host.profileWrites.clear();
-    SaveLanguages();
-    for (const std::string& write : host.profileWrites) {
-        const size_t close = write.find("] "), equals = write.find('=', close);
-        const std::string key = write.substr(close + 2, equals - close - 2);
-        if (key == "File") continue; // saved expanded
-        EXPECT_EQ(shipped.ProfileValue(write.substr(1, close - 1), key), write.substr(equals + 1));
-    }
-    // The first file fills the frame; the rest of [Options] is the program's defaults.
-    LoadSettings();
-    EXPECT_TRUE(editor.settings.options.firstChildMaximized);
-    editor.settings.options.firstChildMaximized = false;
-    host.profileWrites.clear();
-    SaveSettings();
-    const std::vector<std::string> saved = host.profileWrites;
-    editor.settings.options = Options{};
-    host.profileWrites.clear();
-    SaveSettings();
-    EXPECT_EQ(saved, host.profileWrites);
 }
 
 } // namespace
