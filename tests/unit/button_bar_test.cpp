@@ -2,9 +2,6 @@
 // and two-row layouts at the top and at the left, and the mouse over the bar.
 #include "commands/button_bar.h"
 
-#include <string>
-#include <vector>
-
 #include "commands/command_table.h"
 #include "customisation_files.h"
 #include "editor_fixture.h"
@@ -15,17 +12,17 @@ namespace {
 
 using ButtonBarTest = EditorTest;
 
-// "Command:x,y" for each button, with "+gap" and "grey" where they apply.
-std::vector<std::string> Buttons(const Editor& editor) {
-    std::vector<std::string> result;
+// "Command:x,y" for each button, with "+gap" and "-grey" where they apply, space-separated.
+std::string Buttons(const Editor& editor) {
+    std::string result;
     const ButtonBar& bar = editor.customisation.buttonBar;
     for (int i = 0; i < bar.count; ++i) {
         const ToolButton& b = bar.buttons[i];
         std::string text = std::string(CommandTable[b.command].name) + ":" + std::to_string(b.x) +
                            "," + std::to_string(b.y);
         if (b.style & ButtonStyleGapBefore) text += "+gap";
-        if (b.disabled) text += " grey";
-        result.push_back(text);
+        if (b.disabled) text += "-grey";
+        result += (i > 0 ? " " : "") + text;
     }
     return result;
 }
@@ -50,8 +47,7 @@ TEST_F(ButtonBarTest, ButtonsIniLinesMakeButtonsGapsAndReports) {
                    "separator\n");
     LayOutButtons();
     // The second LoadFile line changes the first button's picture and gap; it does not move.
-    EXPECT_EQ(Buttons(editor), (std::vector<std::string>{"LoadFile:8,2+gap", "SaveFile:35,2 grey",
-                                                         "NextError:66,2+gap grey"}));
+    EXPECT_EQ(Buttons(editor), "LoadFile:8,2+gap SaveFile:35,2-grey NextError:66,2+gap-grey");
     EXPECT_EQ(host.loadedPictures,
               (std::vector<std::string>{"FILEOPEN", "filesave", "NEXTERROR", "FILENEW"}));
     EXPECT_EQ(host.freedPictures, (std::vector<uintptr_t>{1}));
@@ -79,36 +75,21 @@ TEST_F(ButtonBarTest, AtMostFiftyButtonsEachCommandOnce) {
     EXPECT_TRUE(ReportedLines(editor).empty());
 }
 
-struct LayoutCase {
-    bool left;
-    int length;
-    int thickness;
-    std::vector<std::string> buttons;
-};
-
 TEST_F(ButtonBarTest, OneAndTwoRowsAtTheTopAndAtTheLeft) {
     // Five buttons with a gap before the fourth: one row is 4 + 5 * 27 + 4 = 143 long.
-    const LayoutCase cases[] = {
-        {false,
-         143,
-         33,
-         {"NewFile:4,2", "LoadFile:31,2", "About:58,2", "ExitApp:89,2+gap", "ToolOptions:116,2"}},
-        {false,
-         142,
-         61,
-         {"NewFile:4,2", "LoadFile:4,29", "About:31,2", "ExitApp:62,2+gap", "ToolOptions:62,29"}},
-        {true,
-         143,
-         33,
-         {"NewFile:2,4", "LoadFile:2,31", "About:2,58", "ExitApp:2,89+gap", "ToolOptions:2,116"}},
-        {true,
-         100,
-         61,
-         {"NewFile:2,4", "LoadFile:29,4", "About:2,31", "ExitApp:2,62+gap", "ToolOptions:29,62"}},
+    const struct {
+        bool left;
+        int length, thickness;
+        const char* buttons;
+    } cases[] = {
+        {false, 143, 33, "NewFile:4,2 LoadFile:31,2 About:58,2 ExitApp:89,2+gap ToolOptions:116,2"},
+        {false, 142, 61, "NewFile:4,2 LoadFile:4,29 About:31,2 ExitApp:62,2+gap ToolOptions:62,29"},
+        {true, 143, 33, "NewFile:2,4 LoadFile:2,31 About:2,58 ExitApp:2,89+gap ToolOptions:2,116"},
+        {true, 100, 61, "NewFile:2,4 LoadFile:29,4 About:2,31 ExitApp:2,62+gap ToolOptions:29,62"},
     };
     LoadFrom(host, "NewFile FILENEW\nLoadFile FILEOPEN\nAbout INFO\nseparator\nExitApp TRAP\n"
                    "ToolOptions TOOLS\n");
-    for (const LayoutCase& c : cases) {
+    for (const auto& c : cases) {
         editor.settings.options.buttonsLeft = c.left;
         EXPECT_EQ(BarThickness(c.length, true), c.thickness) << c.length;
         LayOutButtons();
@@ -125,11 +106,8 @@ TEST_F(ButtonBarTest, HoverShowsTheDescriptionAndAPressRunsAnEnabledCommand) {
     editor.settings.options.buttonsLeft = false;
     LoadFrom(host, "About INFO\nEditUndo UNDO\n");
     LayOutButtons();
-    ButtonBarMouseMoved(10, 10);
-    ButtonBarMouseMoved(12, 11);
-    ButtonBarMouseMoved(40, 10);
-    ButtonBarMouseMoved(100, 10);
-    ButtonBarMouseMoved(110, 10);
+    for (int x : {10, 12, 40, 100, 110})
+        ButtonBarMouseMoved(x, 10);
     std::vector<std::string> shown;
     for (const FakeHost::StatusText& s : host.statusTexts)
         if (s.pane == 4) shown.push_back(s.text);
@@ -137,8 +115,8 @@ TEST_F(ButtonBarTest, HoverShowsTheDescriptionAndAPressRunsAnEnabledCommand) {
                                                "Undo the previous editor action.", ""}));
 
     host.redrawnButtons.clear();
-    ButtonBarPressed(40, 10); // EditUndo is grey
-    ButtonBarPressed(120, 10);
+    for (int x : {40, 120}) // EditUndo is grey, then no button
+        ButtonBarPressed(x, 10);
     EXPECT_TRUE(host.redrawnButtons.empty());
     ButtonBarPressed(10, 10);
     EXPECT_EQ(host.aboutBoxes.size(), 1u);
@@ -147,7 +125,7 @@ TEST_F(ButtonBarTest, HoverShowsTheDescriptionAndAPressRunsAnEnabledCommand) {
     EXPECT_EQ(host.statusPanes[4], "");
 
     SetCommandsEnabled(NeedsUndo, true);
-    EXPECT_EQ(Buttons(editor), (std::vector<std::string>{"About:4,2", "EditUndo:31,2"}));
+    EXPECT_EQ(Buttons(editor), "About:4,2 EditUndo:31,2");
     SetCommandsEnabled(NeedsUndo, true); // no change, no redraw
     EXPECT_EQ(host.redrawnButtons, (std::vector<int>{0, 0, 1}));
 }

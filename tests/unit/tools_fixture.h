@@ -30,6 +30,15 @@ class ToolsTest : public EditorTest {
         return result != nullptr ? LinesOf(*result) : std::vector<std::string>{};
     }
     std::string StatusPane(int pane) const { return host.statusPanes[pane]; }
+    // User tool n as the profile names it.
+    void Define(int n, const std::string& name, const std::string& executable = "",
+                const std::string& argument = "", const std::string& directory = "") {
+        const std::string k = std::to_string(n);
+        host.SetProfile("UserDefinedTools", "ToolName" + k, name);
+        host.SetProfile("UserDefinedTools", "Executable" + k, executable);
+        host.SetProfile("UserDefinedTools", "Argument" + k, argument);
+        host.SetProfile("UserDefinedTools", "WorkingDirectory" + k, directory);
+    }
 
     TempFolder folder;
 };
