@@ -7,6 +7,7 @@
 #include "docs/documents.h"
 #include "document_files.h"
 #include "editor_fixture.h"
+#include "engine/clipboard_commands.h"
 #include "engine/edit_buffer.h"
 #include "tools/result_window.h"
 
@@ -30,6 +31,11 @@ class ToolsTest : public EditorTest {
         return result != nullptr ? LinesOf(*result) : std::vector<std::string>{};
     }
     std::string StatusPane(int pane) const { return host.statusPanes[pane]; }
+    // The selected text, through the clipboard.
+    std::string SelectedText() {
+        (void)EditCopy();
+        return host.clipboard.value_or("");
+    }
     // User tool n as the profile names it.
     void Define(int n, const std::string& name, const std::string& executable = "",
                 const std::string& argument = "", const std::string& directory = "") {
