@@ -168,40 +168,31 @@ TEST_F(CustomisationTest, TheAcceleratorsDialogShowsTheLastKeyOfTheChosenCommand
     EXPECT_EQ(host.shownDialogs.size(), 2u);
 }
 
-// One text per entry: "[Name" opens a popup, "]" closes it, "-" is a separator, and an item
-// is "text=Command" (with "9999" for an unknown command).
-std::vector<std::string> Entries(const Editor& editor) {
-    std::vector<std::string> result;
+// One text per entry, each followed by "|": "[Name" opens a popup, "]" closes it, "-" is a
+// separator, and an item is "text=Command" (with "9999" for an unknown command).
+std::string Entries(const Editor& editor) {
+    std::string result;
     for (const MenuEntry& e : editor.customisation.menu.entries) {
         const std::string texts[] = {"[" + e.text, e.text + "=" + NameOfId(e.commandId), "-", "]"};
-        result.push_back(texts[static_cast<int>(e.kind)]);
+        result += texts[static_cast<int>(e.kind)] + "|";
     }
     return result;
 }
 
-const std::vector<std::string> AboutOnlyHelp = {"[&Help", "&About the editor...=About", "]"};
-const std::vector<std::string> DefaultKeysHelp = {"[&Help", "&About the editor...\tCtrl+F1=About",
-                                                  "]"};
-
-std::vector<std::string> Joined(std::vector<std::string> a, const std::vector<std::string>& b) {
-    a.insert(a.end(), b.begin(), b.end());
-    return a;
-}
+const std::string AboutOnlyHelp = "[&Help|&About the editor...=About|]|";
 
 TEST_F(CustomisationTest, WithoutMenuIniTheBuiltInMenuShowsTheDefaultKeys) {
     host.SetProfile("GUI", "Accellerators", "no/accel.ini");
     host.SetProfile("GUI", "Menu", "no/menu.ini");
     PrepareMainMenu();
-    const std::vector<std::string> entries = Entries(editor);
-    ASSERT_EQ(entries.size(), 53u + 3u);
-    EXPECT_EQ(std::vector<std::string>(entries.begin(), entries.begin() + 8),
-              (std::vector<std::string>{
-                  "[&File", "&New\tCtrl+N=NewFile", "&Open...\tCtrl+O=LoadFile",
-                  "&Insert...=InsertFile", "&Save\tCtrl+S=SaveFile",
-                  "Save &As...\tCtrl+Shift+S=SaveFileAs", "Save a&ll=SaveAll", "-"}));
+    const std::string entries = Entries(editor);
+    EXPECT_EQ(std::count(entries.begin(), entries.end(), '|'), 53 + 3);
+    EXPECT_TRUE(entries.starts_with("[&File|&New\tCtrl+N=NewFile|&Open...\tCtrl+O=LoadFile|&Insert."
+                                    "..=InsertFile|&Save\tCtrl+S=SaveFile|Save &As...\tCtrl+Shift"
+                                    "+S=SaveFileAs|Save a&ll=SaveAll|-|"));
     // An item shows its command's first binding only.
-    EXPECT_EQ(entries[21], "C&opy\tCtrl+C=EditCopy");
-    EXPECT_EQ(std::vector<std::string>(entries.end() - 3, entries.end()), DefaultKeysHelp);
+    EXPECT_NE(entries.find("|C&opy\tCtrl+C=EditCopy|"), std::string::npos);
+    EXPECT_TRUE(entries.ends_with("|[&Help|&About the editor...\tCtrl+F1=About|]|"));
     EXPECT_EQ(
         ReportedLines(editor),
         (std::vector<std::string>{"Error 2: Cannot open Keyboard definition file 'no/accel.ini'.",
@@ -233,10 +224,9 @@ TEST_F(CustomisationTest, MenuIniStatementsAndTheirReports) {
     host.SetProfile("GUI", "Menu", file.path());
     PrepareMainMenu();
     EXPECT_EQ(Entries(editor),
-              Joined({"[&File", "Save &As...\tCtrl+Shift+S=SaveFileAs", "&Save\tCtrl+S=SaveFile",
-                      "-", "[&Recent", "A text longer than thirty-nine characte=NewFile", "]",
-                      "&Bad=9999", "&Lonely=9999", "]", "[", "]", "[Helpdesk", "]"},
-                     DefaultKeysHelp));
+              "[&File|Save &As...\tCtrl+Shift+S=SaveFileAs|&Save\tCtrl+S=SaveFile|-|[&Recent|A "
+              "text longer than thirty-nine characte=NewFile|]|&Bad=9999|&Lonely=9999|]|[|]|["
+              "Helpdesk|]|[&Help|&About the editor...\tCtrl+F1=About|]|");
     EXPECT_EQ(ReportedLines(editor),
               (std::vector<std::string>{
                   "Error 2: Cannot open Keyboard definition file 'no/accel.ini'.",
@@ -249,29 +239,24 @@ TEST_F(CustomisationTest, MenuIniStatementsAndTheirReports) {
 }
 
 TEST_F(CustomisationTest, AMissingEndOrTooManyItemsAreReportedAndHelpStillFits) {
-    struct {
-        std::string content;
-        std::vector<std::string> tail; // the last entries
-        const char* report;            // the second line of the syntax error
-    } cases[] = {
-        {"MENU &File\nITEM &New NewFile\nMENU &Sub\nITEM &Open LoadFile\n",
-         {"[&File", "&New=NewFile", "[&Sub", "&Open=LoadFile", "]", "]"},
-         "\tMenu Builder"},
-        {"MENU &Big\n", {"]"}, "\tToo many menu items"},
-    };
+    std::string big = "MENU &Big\n";
     for (int i = 0; i < 70; ++i)
-        cases[1].content += "MENU &Sub\nITEM &New NewFile\nEND\n";
-    for (const auto& c : cases) {
-        TempFile file(c.content + "END\n");
+        big += "MENU &Sub\nITEM &New NewFile\nEND\n";
+    const std::string cases[][3] = {
+        // the file before its last END, the end of the menu, the second line of the report
+        {"MENU &File\nITEM &New NewFile\nMENU &Sub\nITEM &Open LoadFile\n",
+         "[&File|&New=NewFile|[&Sub|&Open=LoadFile|]|]|", "\tMenu Builder"},
+        {big, "]|", "\tToo many menu items"},
+    };
+    for (const auto& [content, tail, report] : cases) {
+        TempFile file(content + "END\n");
         ReadMenuDescription(file.path());
-        const std::vector<std::string> entries = Entries(editor);
-        EXPECT_LE(entries.size(), 128u);
-        EXPECT_EQ(std::count(entries.begin(), entries.end(), "]"),
-                  std::count_if(entries.begin(), entries.end(),
-                                [](const std::string& e) { return e[0] == '['; }));
-        EXPECT_EQ(std::vector<std::string>(entries.end() - c.tail.size() - 3, entries.end()),
-                  Joined(c.tail, AboutOnlyHelp));
-        EXPECT_EQ(ReportedLines(editor).back(), c.report);
+        const std::string entries = Entries(editor);
+        EXPECT_LE(std::count(entries.begin(), entries.end(), '|'), 128);
+        EXPECT_EQ(std::count(entries.begin(), entries.end(), '['),
+                  std::count(entries.begin(), entries.end(), ']'));
+        EXPECT_TRUE(entries.ends_with(tail + AboutOnlyHelp)) << entries;
+        EXPECT_EQ(ReportedLines(editor).back(), report);
     }
 }
 
@@ -281,10 +266,8 @@ TEST_F(CustomisationTest, HelpFilesUpToTheFirstEmptyTitleAndTheirCommands) {
     host.SetProfile("Helpfiles", "3", "\"C:\\My help\\v.hlp\" rest, &Verilog");
     ReadHelpFiles();
     ReadMenuDescription("");
-    const std::vector<std::string> entries = Entries(editor);
-    EXPECT_EQ(std::vector<std::string>(entries.end() - 5, entries.end()),
-              (std::vector<std::string>{"[&Help", "VHDL &reference=DisplayHelpfile1", "-",
-                                        "&About the editor...=About", "]"}));
+    EXPECT_TRUE(Entries(editor).ends_with(
+        "|[&Help|VHDL &reference=DisplayHelpfile1|-|&About the editor...=About|]|"));
     const HelpFiles& files = editor.customisation.helpFiles;
     EXPECT_EQ(files[2].fileName, "C:\\My help\\v.hlp");
     EXPECT_EQ(files[2].title, "&Verilog");
