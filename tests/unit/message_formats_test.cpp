@@ -188,7 +188,8 @@ TEST_F(MessageFormatsTest, FaultyRuleLinesAreReportedAndTheRestIsKept) {
         {"stop {file}:{line}", true},
         {"severity Err = error", false},
         {"message {severity}: {file}({line}) {any}", false},
-        {"[mine]", true}, // given twice
+        {"warning line {line} of {file}", false}, // the path may end the line
+        {"[mine]", true},                         // given twice
         {"error {file}:{line}", false},
         {"[auto]", true},
     };
@@ -209,6 +210,8 @@ TEST_F(MessageFormatsTest, FaultyRuleLinesAreReportedAndTheRestIsKept) {
     MessageReader reader(formats, "MINE");
     const std::optional<MessageLocation> at = reader.Read("Err: C:/a b/c.v(3) oops");
     EXPECT_EQ(at ? Describe(*at) : "", "C:/a b/c.v:3:0 error");
+    const std::optional<MessageLocation> last = reader.Read("line 4 of C:/d.v");
+    EXPECT_EQ(last ? Describe(*last) : "", "C:/d.v:4:0 warning");
     EXPECT_FALSE(MessageReader(formats, "other").Reads());
 
     (void)ReadMessageFormats(std::string("/nonexistent/messages.ini"));

@@ -305,29 +305,30 @@ TEST_F(ToolDialogsTest, NoWriteGoesPastTheSixSlots) {
 TEST_F(ToolDialogsTest, VsystemOptionsShowAndTakeTheSettings) {
     VsystemSettings& v = editor.tools.vsystem;
     v.executable = "C:\\vsys\\vcom.exe";
-    v.vlogOptions = std::string(300, 'o'); // longer than a field takes: kept whole
+    v.vcomOptions = std::string(300, 'o'); // longer than a field takes: kept whole
+    editor.tools.libraryDirectory = "C:\\lib";
     host.fileDialogAnswers.push_back(FileDialogResult{"D:\\mti\\vcom.exe", "D:\\mti", false});
-    std::string shownPath;
+    std::string shown;
     host.dialogActions.push_back([&](GadgetDialog& d) {
-        shownPath = GlGadgetGetText(*GadgetAfter(d, "&Path:"));
+        shown = GlGadgetGetText(*GadgetAfter(d, "&Path:")) + "|" +
+                GlGadgetGetText(*GadgetAfter(d, "&Directory:"));
         setGadgetValue(*GadgetWithText(d, "&No std_logic_1164"), 0);
         setGadgetValue(*GadgetWithText(d, "&Run-time hazard checking"), 1);
         host.TypeText(*GadgetAfter(d, "&Start on Line:"), "12");
         host.TypeText(Nth(d, GadgetType::Edit, 4), "-v"); // the Vlog page's line field
+        host.TypeText(Nth(d, GadgetType::Edit, 5), "+v"); // and its options
         Press(d, "...");
         DialogOkCommand(d);
     });
     VsystemOptions();
-    EXPECT_EQ(shownPath, "C:\\vsys\\vcom.exe");
+    EXPECT_EQ(shown, "C:\\vsys\\vcom.exe|C:\\lib");
     const FileDialogRequest& locate = host.fileDialogs.at(0);
     EXPECT_EQ(locate.title + locate.filter + locate.initialName,
               "Locate vcomExecutable files(*.exe)|*.exe|vcom.exe");
     EXPECT_EQ(v.executable, "D:\\mti\\vcom.exe");
     EXPECT_FALSE(v.stdLogicOpt);
     EXPECT_TRUE(v.hazard);
-    EXPECT_EQ(v.vcomLine, "12");
-    EXPECT_EQ(v.vlogLine, "-v");
-    EXPECT_EQ(v.vlogOptions, std::string(300, 'o'));
+    EXPECT_EQ(v.vcomLine + v.vlogLine + v.vlogOptions, "12-v+v");
 
     // The library buttons take their fields and run; closing otherwise keeps the rest.
     OpenSource("alu.vhd", "x");
@@ -335,18 +336,20 @@ TEST_F(ToolDialogsTest, VsystemOptionsShowAndTakeTheSettings) {
         host.TypeText(*GadgetAfter(d, "&Library:"), "mylib");
         host.TypeText(*GadgetAfter(d, "&Directory:"), "C:\\libs\\mylib");
         host.TypeText(*GadgetAfter(d, "&Other options:"), "-quiet");
+        host.TypeText(*GadgetAfter(d, "&Path:"), "E:\\m\\vcom.exe");
         Press(d, "Map Library");
         Press(d, "Create Library");
+        host.TypeText(*GadgetAfter(d, "&Path:"), "F:\\vcom.exe");
         Press(d, "Retrieve Library Mapping");
         DialogCancelCommand(d);
     });
     VsystemOptions();
     ASSERT_EQ(host.processRuns.size(), 3u);
-    EXPECT_EQ(host.processRuns[0].commandLine, "D:\\mti\\vmap mylib C:\\libs\\mylib");
-    EXPECT_EQ(host.processRuns[1].commandLine, "D:\\mti\\vlib C:\\libs\\mylib");
-    EXPECT_EQ(host.processRuns[2].commandLine, "D:\\mti\\vmap");
+    EXPECT_EQ(host.processRuns[0].commandLine, "E:\\m\\vmap mylib C:\\libs\\mylib");
+    EXPECT_EQ(host.processRuns[1].commandLine, "E:\\m\\vlib C:\\libs\\mylib");
+    EXPECT_EQ(host.processRuns[2].commandLine, "F:\\vmap");
     EXPECT_EQ(v.library, "mylib");
-    EXPECT_EQ(v.vcomOptions, "");
+    EXPECT_EQ(v.vcomOptions, std::string(300, 'o'));
 }
 
 } // namespace
