@@ -43,9 +43,10 @@ TEST_F(CommandTableTest, EveryCommandIsFoundByItsHandlerNameAndMenuIdAndInvoked)
     EXPECT_EQ(host.statusPanes[4], "Dropped bookmark 2.");
     EXPECT_EQ(InvokeCommand(49), 1); // GoBeginDoc
     EXPECT_EQ(buffer->cursor, MakePos(0, 0));
+    const int logged = buffer.LoggedTransactions();
     for (int row : {98, 99, -1})
         EXPECT_EQ(InvokeCommand(row), 1);
-    EXPECT_EQ(buffer.LoggedTransactions(), 0);
+    EXPECT_EQ(buffer.LoggedTransactions(), logged);
 }
 
 TEST_F(CommandTableTest, UpdateCommandStatesPushesEveryConditionInItsOrder) {
@@ -102,7 +103,7 @@ TEST_F(CommandTableTest, HandlersGuardThemselvesWhenNoWindowCanTakeThem) {
     buffer.PlaceCaret(0, 4);
     for (int row : {33, 34, 36, 31})
         InvokeCommand(row);
-    EXPECT_EQ(buffer.Text() + host.clipboard, "keep mepasted");
+    EXPECT_EQ(buffer.Text() + host.clipboard.value_or(""), "keep mepasted");
     EXPECT_EQ(closed.LoggedTransactions() + buffer.LoggedTransactions(), 0);
 }
 
