@@ -250,8 +250,11 @@ def failing_lines(output, build_dir):
     return set(first.items())
 
 
-def test_binaries(build_dir):
-    return sorted(p for p in build_dir.glob("*_test") if os.access(p, os.X_OK))
+def test_binaries(build_dir, tree):
+    """The binaries of the tree's unit tests: a binary left in the build folder by an older tree
+    numbers its mutants differently and would judge the wrong ones."""
+    names = {p.stem for p in (tree / "tests" / "unit").glob("*_test.cpp")}
+    return sorted(p for p in build_dir.glob("*_test") if p.name in names and os.access(p, os.X_OK))
 
 
 def run_test(binary, env, timeout):
@@ -352,7 +355,7 @@ def main():
     print("mutate: %d mutants compiled into one build in %.0f s (%d did not compile)"
           % (len(mutants), time.time() - started, len(dropped_total)))
 
-    binaries = test_binaries(build_dir)
+    binaries = test_binaries(build_dir, tree)
     env = dict(os.environ)
     env.pop("RUVO_MUTANT", None)
     reached_by = {}
