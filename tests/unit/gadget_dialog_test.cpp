@@ -38,6 +38,8 @@ TEST_F(GadgetDialogTest, UnitsRadioGridTagsAndItems) {
     Gadget* list = GlGadgetCreate(*dialog, GadgetType::ListBox, 0, 20, 40, 40, "",
                                   {ValueTag(7), ItemsTag({"a", "b", "c"}), OwnerDataTag(5),
                                    PerItemValuesTag(true), ItemValueTag(1, 4)});
+    GlGadgetSet(*list, {SetItemTextTag(3, "x"), DeleteItemTag(3)}); // one past the end: nothing
+    EXPECT_EQ(list->items, (Items{"a", "b", "c"}));
     EXPECT_EQ(std::tuple(list->value, list->ownerData, list->itemValues.size()),
               std::tuple(2, 5, 0u)); // per-item values were disabled
     for (auto [given, shown] : {std::pair{7, 2}, {-5, -1}, {1, 1}}) {

@@ -30,7 +30,8 @@ class SyntaxTest : public EditorTest {
         language.groups[0].attribute.color = MakeColor(5, 5, 5);
         Group(1, {"end", "if", "then", "signal", "process", "is", "a"});
         Group(2, {"std_logic", "integer"});
-        for (auto [name, value] : {std::pair{"sl", "std_logic"}, {"e if", "end if;"}}) {
+        for (auto [name, value] :
+             {std::pair{"sl", "std_logic"}, {"e if", "end if;"}, {"proc", "process"}}) {
             EXPECT_TRUE(language.expanderNames.Append(name));
             EXPECT_TRUE(language.expanderValues.Append(value));
         }
