@@ -108,6 +108,9 @@ TEST_F(GadgetDialogTest, CloseButtonsSitBelowTheGadgetsAndEndTheDialog) {
     showDialog(*bare, false);
     DialogCancelCommand(*bare);
     EXPECT_FALSE(host.DialogVisible(*bare));
+    showDialog(*bare, false);
+    closeDialog(*bare);
+    EXPECT_FALSE(host.DialogVisible(*bare));
 }
 
 TEST_F(GadgetDialogTest, TabPagesShowTheirGadgetsAndThoseOfEveryPage) {

@@ -259,6 +259,7 @@ TEST_F(LanguageTest, DialogStoresFieldsAtOnceAndCancelBringsTheTableBack) {
     ASSERT_TRUE(LanguageEntry(1).groups[0].words.Append("entity"));
     LanguageOptions();
     EXPECT_EQ(Dialog().languages->value, 1) << "the active buffer's language is shown";
+    EXPECT_EQ(GlGadgetGetText(*Dialog().colorParts[0]), "0") << "with its text colour";
 
     Press(Dialog().languages, 2);
     for (const auto& [typed, stored] :
