@@ -58,6 +58,8 @@ TEST_F(CustomisationTest, WithoutAFileTheFortyEightDefaultsHoldWithoutTheFixedOn
     ASSERT_EQ(bindings.size(), 48u);
     EXPECT_EQ(bindings[0], "Ctrl+C=EditCopy");
     EXPECT_EQ(bindings[47], "Shift+Ins=EditPaste");
+    const KeyMap& map = editor.customisation.keyMap;
+    EXPECT_EQ(KeyText(map.entries[32]).modifiers + KeyText(map.entries[0]).modifiers, "Alt Ctrl ");
     // The first of two equal keys wins: SetMark4 has no working key by default.
     EXPECT_EQ(BoundCommandId('4', true, true, false), IdOf("SetMark3"));
     EXPECT_EQ(BoundCommandId(0x73, false, true, false), 0u); // Ctrl+F4 is the frame's own

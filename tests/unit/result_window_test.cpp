@@ -86,6 +86,7 @@ TEST_F(ResultWindowTest, AResultFileIsShownAndReadForErrors) {
         EXPECT_EQ(result->windowKind, KindMessage);
         EXPECT_EQ(result->lines.readOnly, 1);
         EXPECT_EQ(LinesOf(*result), (Lines{"header", "ERROR: alu.vhd(2): bad", ""}));
+        EXPECT_EQ(editor.tools.errorList.size(), 1u); // the list of the first read is gone
         EXPECT_EQ(editor.tools.errorList.at(0).resultLine, 1);
         EXPECT_EQ(host.windowTitles[result], title);
     }
