@@ -42,7 +42,7 @@ e2e_is active "$first" children 3
 e2e_selection "PrevError to line 9" "$(line many_errors.vhd 9)"
 e2e_shot tool_formats_back
 
-# The tool's format is on the row below the specification; a second tool typed in after it.
+# The tool's format is on the row below the executable, argument and directory; a second tool typed in after it.
 e2e_dialog ToolOptions "Tool Configuration"
 e2e_expect "listed tool" "$(e2e_control '^control ComboBox')" "control ComboBox - GHDL check"
 e2e_control '^control ComboBox .*GHDL' >/dev/null
