@@ -314,6 +314,15 @@ void LoadFrom(FakeHost& host, const std::string& content) {
     LoadButtons();
 }
 
+TEST_F(CustomisationTest, TheFirstButtonFollowsItsCommandsState) {
+    editor.settings.options.buttonsLeft = false;
+    LoadFrom(host, "SaveFile FILESAVE\nLoadFile FILEOPEN\n");
+    LayOutButtons();
+    EXPECT_EQ(Buttons(editor), "SaveFile:4,2-grey LoadFile:31,2");
+    SetCommandsEnabled(CommandTable[3].flags, true);
+    EXPECT_EQ(Buttons(editor), "SaveFile:4,2 LoadFile:31,2");
+}
+
 TEST_F(CustomisationTest, ButtonsIniLinesMakeButtonsGapsAndReports) {
     editor.settings.options.buttonsLeft = false;
     LoadFrom(host, "# the bar\n"
