@@ -22,13 +22,6 @@ const char* const TooLong = "Transaction ignored because\nresulting line would b
 constexpr ScrollTarget Show{ScrollShow, ScrollShow};
 constexpr TextPos Origin{0, 0};
 
-std::string NumberedLines(int count, const std::string& prefix = "line ") {
-    std::string text;
-    for (int i = 0; i < count; ++i)
-        text += (i > 0 ? "\n" : "") + prefix + std::to_string(i);
-    return text;
-}
-
 class EditingTest : public EditorTest {
   protected:
     bool Enabled(const char* name) {
@@ -170,11 +163,12 @@ TEST_F(EditingTest, MotionsMoveTheCaretAndTheWindowAndNeverTheText) {
         // Right: the word and the separators after it; the semicolon is skipped to the line
         // end, the underscore like a blank; the end of the document stays put.
         {"foo_bar baz\n  next;\n_x", 20, "0.0 W0.8 W1.2 W1.7 W2.1 W2.2 W2.2"},
-        {NumberedLines(50), 20, "7.3 e7.6 h7.0 E49.7/30 b0.0/0"},
+        {NumberedLines(50, "line "), 20, "7.3 e7.6 h7.0 E49.7/30 b0.0/0"},
         // Near the end a page down goes to the end of the last line; less than a page from
         // the top a page up goes to the start of the document.
-        {NumberedLines(50), 10, "2.4 P12.4/10 P22.4/20 P32.4/30 P42.4/40 P49.7/40 p39.7/30"},
-        {NumberedLines(50), 10, "6.3 p0.0/0"},
+        {NumberedLines(50, "line "), 10,
+         "2.4 P12.4/10 P22.4/20 P32.4/30 P42.4/40 P49.7/40 p39.7/30"},
+        {NumberedLines(50, "line "), 10, "6.3 p0.0/0"},
         {std::string(255, 'x'), 20, "0.0 e0.255"},
         {"one\ntwo\nthree", 20, "0.0 P2.5/0 E2.5/0 p0.0/0"},
         // Undo walks back through caret positions even when read-only.
@@ -202,7 +196,7 @@ TEST_F(EditingTest, MotionsMoveTheCaretAndTheWindowAndNeverTheText) {
     EXPECT_EQ(Marked(buffer), "abcdef\nghijkl|");
 
     // Going to a position clamps it, shows it and keeps the selection.
-    TestBuffer numberedBuffer(NumberedLines(40));
+    TestBuffer numberedBuffer(NumberedLines(40, "line "));
     numberedBuffer->visibleLines = 10;
     numberedBuffer.Select(MakePos(1, 0), MakePos(2, 3));
     GoToPos(*numberedBuffer, 30, 2);
@@ -286,7 +280,7 @@ TEST_F(EditingTest, BookmarksAreSetAndGoneToAcrossWindowsAndShrunkText) {
     EXPECT_EQ(host.statusPanes[4], "Bookmark 9 is not set.");
     EXPECT_TRUE(host.statusTexts.back().beep);
 
-    TestBuffer buffer(NumberedLines(400, ""));
+    TestBuffer buffer(NumberedLines(400));
     for (int n = 0; n < 10; ++n) {
         buffer.PlaceCaret(3 * n, 1);
         EXPECT_EQ(sets[n](), 0);
@@ -433,7 +427,7 @@ TEST_F(EditingTest, StepsThatNoLongerFitTheTextAreRefusedWithTheirMessages) {
 }
 
 TEST_F(EditingTest, TheLogRedrawsOnlyWhatShowsAndHonoursScrollAndSelectionCodes) {
-    TestBuffer buffer(NumberedLines(100) + "\n\t\tdeep");
+    TestBuffer buffer(NumberedLines(100, "line ") + "\n\t\tdeep");
     MoveCaret(buffer, MakePos(2, 3));
     EXPECT_EQ(UndoTransaction(), 0);
     EXPECT_TRUE(host.redrawnLines.empty());

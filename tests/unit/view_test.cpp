@@ -28,13 +28,6 @@ constexpr uint32_t TextColour = MakeColor(1, 1, 1);
 constexpr uint32_t CommentColour = MakeColor(2, 2, 2);
 constexpr uint32_t KeywordColour = MakeColor(5, 5, 5);
 
-std::string Numbers(int count, const std::string& prefix = "") {
-    std::string text;
-    for (int i = 0; i < count; ++i)
-        text += (i > 0 ? "\n" : "") + prefix + std::to_string(i);
-    return text;
-}
-
 class ViewTest : public EditorTest {
   protected:
     ViewTest() {
@@ -75,10 +68,10 @@ class ViewTest : public EditorTest {
 };
 
 TEST_F(ViewTest, StepsAndBarCodesStopAtTheLastFullPageAtZeroAndAt255Columns) {
-    TestBuffer buffer(Numbers(100));
+    TestBuffer buffer(NumberedLines(100));
     buffer->visibleLines = 10;
     buffer->visibleColumns = 80;
-    TestBuffer small(Numbers(4), false); // shorter than the window: never scrolls
+    TestBuffer small(NumberedLines(4), false); // shorter than the window: never scrolls
     small->visibleLines = 10;
     // {by, moved, position after}
     const int lines[][3] = {{5, 5, 5},     {200, 85, 90}, {1, 0, 90}, {-30, -30, 60},
@@ -138,19 +131,19 @@ TEST_F(ViewTest, StepsAndBarCodesStopAtTheLastFullPageAtZeroAndAt255Columns) {
     EXPECT_EQ(BarCalls(), (Calls{"V range 0 -60", "V pos 0", "H range 0 255"}));
 
     // The thumb of a huge buffer reaches the end by the 32-bit position, not the 16-bit one.
-    TestBuffer huge(Numbers(70000));
+    TestBuffer huge(NumberedLines(70000));
     huge->visibleLines = 20;
     EXPECT_TRUE(NeedsTrackPosition(*huge));
     EXPECT_EQ(ScrollByBar(*huge, true, BarCode::ThumbTrack, 69980), 69980);
     EXPECT_EQ(ScrollByBar(*huge, true, BarCode::ThumbPosition, 35000), -34980);
-    TestBuffer edge(Numbers(65000), false);
+    TestBuffer edge(NumberedLines(65000), false);
     EXPECT_FALSE(NeedsTrackPosition(*edge));
     ASSERT_EQ(AppendLine(&edge->lines, "one more"), 0);
     EXPECT_TRUE(NeedsTrackPosition(*edge));
 }
 
 TEST_F(ViewTest, SettersOrderClampRedrawAndSetTheBarsOnlyWhenValuesChange) {
-    TestBuffer buffer(Numbers(40, "line number "));
+    TestBuffer buffer(NumberedLines(40, "line number "));
     buffer->visibleLines = 10;
     // An end at column 0 shows nothing on its line; the same selection again redraws nothing
     // (but still pushes the command state); lines outside the window are left alone.
@@ -318,7 +311,7 @@ TEST_F(ViewTest, FontHeightFollowsThePointSizeAndTheScreen) {
 }
 
 TEST_F(ViewTest, MeasureAndPaintPlanCoverVisibleRowsAndBlankBelowTheText) {
-    TestBuffer buffer(Numbers(100, "line ") + "\n"); // 101 lines, the last empty
+    TestBuffer buffer(NumberedLines(100, "line ") + "\n"); // 101 lines, the last empty
     MeasureBuffer(*buffer, 645, 479);
     const auto measured = [&] {
         return std::to_string(buffer->marginColumns) + " " + std::to_string(buffer->windowColumns) +

@@ -83,4 +83,12 @@ class TestBuffer {
     EditBuffer buffer_;
 };
 
+// Lines "<prefix>0" .. "<prefix>count-1" joined by line feeds.
+inline std::string NumberedLines(int count, const std::string& prefix = "") {
+    std::string text;
+    for (int i = 0; i < count; ++i)
+        text += (i > 0 ? "\n" : "") + prefix + std::to_string(i);
+    return text;
+}
+
 } // namespace ruvo
