@@ -1,7 +1,7 @@
 // FakeHost: records what the core asks of the platform and plays back scripted answers.
 #include "fake_host.h"
 
-#include <cctype>
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -12,27 +12,25 @@
 
 namespace ruvo {
 
-namespace {
-
-std::string Lower(std::string_view text) {
-    std::string result(text);
-    for (char& c : result)
-        c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-    return result;
+bool FakeHost::LessIgnoringCase::operator()(std::string_view a, std::string_view b) const {
+    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c; };
+    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
+                                        [&](char x, char y) { return lower(x) < lower(y); });
 }
 
-} // namespace
-
-void FakeHost::SetProfile(const std::string& section, const std::string& key,
-                          const std::string& value) {
-    profile_[Lower(section)][Lower(key)] = value;
+void FakeHost::SetProfile(std::string_view section, std::string_view key, std::string_view value) {
+    auto s = profile_.find(section);
+    if (s == profile_.end()) s = profile_.emplace(section, Section()).first;
+    auto k = s->second.find(key);
+    if (k == s->second.end()) s->second.emplace(key, value);
+    else k->second = value;
 }
 
-std::optional<std::string> FakeHost::ProfileValue(const std::string& section,
-                                                  const std::string& key) const {
-    auto s = profile_.find(Lower(section));
+std::optional<std::string> FakeHost::ProfileValue(std::string_view section,
+                                                  std::string_view key) const {
+    auto s = profile_.find(section);
     if (s == profile_.end()) return std::nullopt;
-    auto k = s->second.find(Lower(key));
+    auto k = s->second.find(key);
     if (k == s->second.end()) return std::nullopt;
     return k->second;
 }
@@ -63,7 +61,7 @@ void FakeHost::ErrorStream(std::string_view text) {
 std::string FakeHost::ProfileGetString(std::string_view, std::string_view section,
                                        std::string_view key, std::string_view defaultValue,
                                        int capacity) {
-    std::optional<std::string> value = ProfileValue(std::string(section), std::string(key));
+    std::optional<std::string> value = ProfileValue(section, key);
     std::string result = value ? *value : std::string(defaultValue);
     if (capacity <= 0) return {};
     if (static_cast<int>(result.size()) > capacity - 1) result.resize(capacity - 1);
@@ -72,7 +70,7 @@ std::string FakeHost::ProfileGetString(std::string_view, std::string_view sectio
 
 int FakeHost::ProfileGetInt(std::string_view, std::string_view section, std::string_view key,
                             int defaultValue) {
-    std::optional<std::string> value = ProfileValue(std::string(section), std::string(key));
+    std::optional<std::string> value = ProfileValue(section, key);
     if (!value) return defaultValue;
     return std::atoi(value->c_str());
 }
@@ -81,7 +79,7 @@ bool FakeHost::ProfileWriteString(std::string_view, std::string_view section, st
                                   std::string_view value) {
     profileWrites.push_back("[" + std::string(section) + "] " + std::string(key) + "=" +
                             std::string(value));
-    SetProfile(std::string(section), std::string(key), std::string(value));
+    SetProfile(section, key, value);
     return true;
 }
 
@@ -325,7 +323,7 @@ unsigned FakeHost::KeyCharacter(unsigned code) {
 
 uintptr_t FakeHost::LoadButtonPictures(std::string_view name) {
     for (const std::string& known : pictureNames) {
-        if (Lower(known) != Lower(name)) continue;
+        if (LessIgnoringCase()(known, name) || LessIgnoringCase()(name, known)) continue;
         loadedPictures.emplace_back(name);
         return loadedPictures.size(); // a distinct handle per load
     }

@@ -95,9 +95,8 @@ class FakeHost : public Host {
 
     // In-memory profile: file -> section -> key -> value (sections and keys compared
     // without regard to case, as the platform does).
-    void SetProfile(const std::string& section, const std::string& key, const std::string& value);
-    std::optional<std::string> ProfileValue(const std::string& section,
-                                            const std::string& key) const;
+    void SetProfile(std::string_view section, std::string_view key, std::string_view value);
+    std::optional<std::string> ProfileValue(std::string_view section, std::string_view key) const;
     std::string ErrorBoxTexts() const; // every box text, one per line
 
     void ErrorBox(const char* caption, std::string_view text) override;
@@ -226,8 +225,12 @@ class FakeHost : public Host {
     std::map<const GadgetDialog*, int> endResults_;   // modal dialogs ended while running
     std::map<const GadgetDialog*, bool> visible_;     // modeless dialogs
     std::map<const Gadget*, std::string> typedTexts_; // controls' texts the user typed
-    using Section = std::map<std::string, std::string>;
-    std::map<std::string, Section> profile_; // keys lower-cased
+    struct LessIgnoringCase {
+        using is_transparent = void;
+        bool operator()(std::string_view a, std::string_view b) const;
+    };
+    using Section = std::map<std::string, std::string, LessIgnoringCase>;
+    std::map<std::string, Section, LessIgnoringCase> profile_;
 };
 
 } // namespace ruvo
