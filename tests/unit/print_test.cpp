@@ -1,10 +1,10 @@
 // Printed pages (grid, wrapping, numbering, header, typefaces) and PrintText with the "/p"
 // start through the host's printer: dialog answers, copies, ranges, selection, failures.
-#include <cstdio>
 #include <cstring>
 #include <regex>
 
 #include "buffer_builder.h"
+#include "document_files.h"
 #include "editor_fixture.h"
 #include "print/print_commands.h"
 #include "print/print_layout.h"
@@ -30,21 +30,23 @@ Texts Render(const PrintedPage& page) {
 }
 
 // The line numbers of the printed text rows, or the page numbers of the headers.
-Texts Printed(const FakeHost& host, bool pageNumbers) {
-    Texts texts;
+std::string Printed(const FakeHost& host, bool pageNumbers) {
+    std::string texts;
     for (const PrintedPage& page : host.printedPages)
         for (const PrintedPiece& piece : page.pieces)
             if (pageNumbers ? piece.text.rfind("Page ", 0) == 0
                             : piece.row >= HeaderRows && piece.column == 0)
-                texts.push_back(pageNumbers ? piece.text.substr(5, 1) : piece.text);
+                texts += pageNumbers ? piece.text.substr(5, 1) : piece.text;
     return texts;
 }
 
-// Whether a piece of the page matches: a date "yyyy-mm-dd hh:mm", or a keyword in bold.
-bool Has(const PrintedPage& page, const std::string& pattern, int typeface = -1) {
-    return std::any_of(page.pieces.begin(), page.pieces.end(), [&](const PrintedPiece& piece) {
-        return std::regex_match(piece.text, std::regex(pattern)) && typeface <= piece.typeface;
-    });
+bool HasDate(const PrintedPage& page) {
+    return std::regex_search(Render(page)[0], std::regex(R"(\d{4}-\d\d-\d\d \d\d:\d\d)"));
+}
+
+PrintDialogAnswer Answer(PrintRange range, int from = 1, int to = 1, int copies = 1,
+                         bool collate = true) {
+    return {PrinterStatus::Ok, "PDF", range, from, to, copies, collate};
 }
 
 class PrintTest : public EditorTest {
@@ -56,6 +58,20 @@ class PrintTest : public EditorTest {
         EXPECT_EQ(layout.PageCount(), count);
         pieces = layout.Page(page).pieces;
         return Render(layout.Page(page));
+    }
+    // What one PrintText did: jobs started, pages printed, how the job ended, boxes shown.
+    std::string Run(std::optional<PrintDialogAnswer> answer) {
+        host.printJobs.clear();
+        host.printedPages.clear();
+        host.endedJobs.clear();
+        host.boxes.clear();
+        if (answer) host.printDialogAnswers.push_back(*answer);
+        EXPECT_EQ(PrintText(), 0);
+        EXPECT_EQ(host.busyCursorDepth, 0);
+        std::string done = std::to_string(host.printJobs.size()) + ":" + Printed(host, true);
+        for (bool ended : host.endedJobs)
+            done += ended ? " done" : " abandoned";
+        return done + "|" + host.ErrorBoxTexts();
     }
     PrintSettings settings;
     std::string title = "C:\\work\\e.vhd";
@@ -87,16 +103,31 @@ TEST_F(PrintTest, LongLinesWrapUnnumberedAcrossPageBreaksAndHeadersKeepThePageNu
     EXPECT_EQ(Page(text, 30, 6, 1, 2),
               (Texts{" 2024-01-02 03:04  Page 2 of 2", "", "      yz0123456789"}));
     settings.wrapLines = settings.lineNumbers = settings.dateInHeader = false;
+    LanguageDef vhdl;
+    vhdl.lineComment = "--";
+    ASSERT_TRUE(vhdl.groups[0].words.Append("entity"));
+    language = &vhdl;
+    // The typeface of each piece, "c" after a coloured one: syntax and colour each on alone.
+    auto faces = [&] {
+        std::string faces;
+        for (const PrintedPiece& piece : pieces)
+            faces += std::to_string(piece.typeface) + (piece.color == ColorBlack ? "" : "c");
+        return faces;
+    };
+    settings.color = false;
     EXPECT_EQ(Page(text, 30, 6),
               (Texts{"C:\\work\\e.vhd      Page 1 of 1", "", "entity e is",
                      "    x <= a and b;  -- long com", "abcdefghijklmnopqrstuvwxyz0123"}));
+    EXPECT_EQ(faces(), "1110020");
+    std::tie(settings.syntax, settings.color) = std::tuple(false, true);
+    Page(text, 30, 6);
+    EXPECT_EQ(faces(), "110c000c0");
 
     TestBuffer empty("");
     title = "C:\\projects\\cpu\\rtl\\alu.vhd";
     const std::tuple<int, bool, bool, const char*> headers[] = {
         {80, true, true,
          "C:\\projects\\cpu\\rtl\\alu.vhd     2024-01-02 03:04                     Page 1 of 1"},
-        {60, true, true, "...\\cpu\\rtl\\alu.vhd   2024-01-02 03:04           Page 1 of 1"},
         {50, true, true, "...\\rtl\\alu.vhd  2024-01-02 03:04      Page 1 of 1"},
         {50, false, true, "                 2024-01-02 03:04      Page 1 of 1"},
         {40, true, false, "C:\\projects\\cpu\\rtl\\alu.vhd  Page 1 of 1"},
@@ -108,129 +139,69 @@ TEST_F(PrintTest, LongLinesWrapUnnumberedAcrossPageBreaksAndHeadersKeepThePageNu
     }
 }
 
-TEST_F(PrintTest, TypefacesAndColoursFollowSyntaxAndColor) {
-    LanguageDef vhdl;
-    vhdl.lineComment = "--";
-    ASSERT_TRUE(vhdl.groups[0].words.Append("end"));
-    language = &vhdl;
-    TestBuffer text("end; -- done");
-    using Pieces = std::vector<std::pair<int, uint32_t>>; // typeface and colour of each piece
-    const std::tuple<bool, bool, Pieces> cases[] = {
-        {true, true, {{1, ColorRed}, {0, ColorBlack}, {2, ColorGreen}}},
-        {true, false, {{1, ColorBlack}, {0, ColorBlack}, {2, ColorBlack}}},
-        {false, true, {{0, ColorRed}, {0, ColorBlack}, {0, ColorGreen}}},
-        {false, false, {{0, ColorBlack}}}};
-    for (const auto& [syntax, color, expected] : cases) {
-        std::tie(settings.syntax, settings.color) = std::tuple(syntax, color);
-        EXPECT_EQ(Page(text, 40, 5)[2], "   1  end; -- done");
-        Pieces found;
-        for (const PrintedPiece& piece : pieces)
-            if (piece.row == HeaderRows && piece.column > 0)
-                found.emplace_back(piece.typeface, piece.color);
-        EXPECT_EQ(found, expected) << syntax << color;
-    }
-}
-
-PrintDialogAnswer Answer(PrintRange range, int from, int to, int copies = 1, bool collate = true) {
-    return {PrinterStatus::Ok, "PDF", range, from, to, copies, collate};
-}
-
-TEST_F(PrintTest, DialogAndPrinterFailuresGiveBoxesAndNoPages) {
-    TestBuffer text("line 1\nline 2\n");
-    std::strcpy(text->fileName, "buf");
-    const PrintDialogAnswer all = Answer(PrintRange::All, 1, 1);
-    const struct {
-        std::optional<PrintDialogAnswer> answer; // none: the dialog is cancelled
-        PrinterStatus printer;
-        int refusedPage;
-        const char* boxes;
-        size_t jobs, abandonedJobs; // jobs started, and those ended without printing
-    } cases[] = {{std::nullopt, PrinterStatus::Ok, -1, "", 0, 0},
-                 {PrintDialogAnswer{PrinterStatus::NoPrinter, ""}, PrinterStatus::Ok, -1,
-                  "No printer is installed.\n", 0, 0},
-                 {PrintDialogAnswer{PrinterStatus::Failed, ""}, PrinterStatus::Ok, -1,
-                  "The Print dialog cannot be shown.\n", 0, 0},
-                 {all, PrinterStatus::Cancelled, -1, "", 1, 0},
-                 {all, PrinterStatus::NoPrinter, -1, "No printer is installed.\n", 1, 0},
-                 {all, PrinterStatus::Failed, -1, "Cannot print 'buf'.\n", 1, 0},
-                 {all, PrinterStatus::Ok, 0, "Cannot print 'buf'.\n", 1, 1},
-                 {Answer(PrintRange::Pages, 3, 4), PrinterStatus::Ok, -1,
-                  "There is no page 3 in 'buf': it has 1 page.\n", 1, 1}};
-    for (const auto& c : cases) {
-        host = FakeHost();
-        if (c.answer) host.printDialogAnswers.push_back(*c.answer);
-        std::tie(host.printerStatus, host.refusedPage) = std::tuple(c.printer, c.refusedPage);
-        EXPECT_EQ(PrintText(), 0);
-        EXPECT_EQ(host.ErrorBoxTexts(), c.boxes);
-        EXPECT_EQ(std::tuple(host.printJobs.size(), host.printedPages.size(), host.endedJobs),
-                  std::tuple(c.jobs, 0u, std::vector<bool>(c.abandonedJobs, false)));
-        EXPECT_EQ(host.busyCursorDepth, 0);
-    }
-}
-
-TEST_F(PrintTest, CopiesPageRangesAndTheSelection) {
-    // 100 dots per inch, cells of 10 by 100: 7 text rows a page, 3 pages for 20 lines (the
+TEST_F(PrintTest, DialogAnswersCopiesRangesSelectionAndFailures) {
+    // 100 dots per inch, cells of 10 by 100: 7 text rows a page, 3 pages for 21 lines (the
     // empty line after the last line end is not printed).
     host.printerMetrics = {1000, 1000, 0, 0, 1000, 1000, 100, 100, 10, 100};
-    std::string lines;
-    for (int i = 1; i <= 20; ++i)
-        lines += "line " + std::to_string(i) + "\n";
-    TestBuffer text(lines);
-    std::strcpy(text->fullPath, "C:\\work\\twenty.vhd");
+    TestBuffer text(NumberedLines(21, "line ") + "\n");
+    std::strcpy(text->fullPath, "C:\\t.vhd");
     LanguageDef keywords;
     ASSERT_TRUE(keywords.groups[0].words.Append("line"));
     text->language = &keywords;
     editor.settings.print.printDestination = "Old";
-    const std::pair<PrintDialogAnswer, Texts> cases[] = {
-        {Answer(PrintRange::All, 1, 1, 2, true), {"1", "2", "3", "1", "2", "3"}},
-        {Answer(PrintRange::All, 1, 1, 2, false), {"1", "1", "2", "2", "3", "3"}},
-        {Answer(PrintRange::Pages, 2, 9), {"2", "3"}},
-        {Answer(PrintRange::Pages, 2, 1), {"2"}}};
-    for (const auto& [answer, pages] : cases) {
-        host.printedPages.clear();
-        host.printDialogAnswers.push_back(answer);
-        PrintText();
-        EXPECT_EQ(Printed(host, true), pages);
+    const PrintDialogAnswer all = Answer(PrintRange::All);
+    const char* const cannot = "Cannot print 'C:\\t.vhd'.\n";
+    const std::tuple<std::optional<PrintDialogAnswer>, PrinterStatus, int, std::string> cases[] = {
+        {std::nullopt, PrinterStatus::Ok, -1, "0:|"}, // the dialog is cancelled
+        {PrintDialogAnswer{PrinterStatus::NoPrinter, ""}, PrinterStatus::Ok, -1,
+         "0:|No printer is installed.\n"},
+        {PrintDialogAnswer{PrinterStatus::Failed, ""}, PrinterStatus::Ok, -1,
+         "0:|The Print dialog cannot be shown.\n"},
+        {all, PrinterStatus::Cancelled, -1, "1:|"},
+        {all, PrinterStatus::NoPrinter, -1, "1:|No printer is installed.\n"},
+        {all, PrinterStatus::Failed, -1, std::string("1:|") + cannot},
+        {all, PrinterStatus::Ok, 1, std::string("1:1 abandoned|") + cannot},
+        {Answer(PrintRange::Pages, 4, 5), PrinterStatus::Ok, -1,
+         "1: abandoned|There is no page 4 in 'C:\\t.vhd': it has 3 pages.\n"},
+        {Answer(PrintRange::All, 1, 1, 2, true), PrinterStatus::Ok, -1, "1:123123 done|"},
+        {Answer(PrintRange::All, 1, 1, 2, false), PrinterStatus::Ok, -1, "1:112233 done|"},
+        {Answer(PrintRange::Pages, 2, 9), PrinterStatus::Ok, -1, "1:23 done|"},
+        {Answer(PrintRange::Pages, 2, 1), PrinterStatus::Ok, -1, "1:2 done|"}};
+    for (const auto& [answer, printer, refusedPage, done] : cases) {
+        std::tie(host.printerStatus, host.refusedPage) = std::tuple(printer, refusedPage);
+        EXPECT_EQ(Run(answer), done);
     }
-    EXPECT_EQ(host.printDialogs[0].printerName + host.printDialogs[1].printerName, "OldPDF");
-    EXPECT_FALSE(host.printDialogs[0].hasSelection);
-    EXPECT_EQ(host.printJobs.back().documentName, "C:\\work\\twenty.vhd");
-    EXPECT_FALSE(host.printJobs.back().defaultPrinter);
+    EXPECT_EQ(host.printDialogs[3].printerName + host.printDialogs[4].printerName, "OldPDF");
+    EXPECT_EQ(host.printJobs[0].documentName, "C:\\t.vhd");
+    EXPECT_FALSE(host.printJobs[0].defaultPrinter || host.printDialogs[0].hasSelection);
     EXPECT_EQ(host.statusPanes[4], "1 page printed.");
-    EXPECT_TRUE(Has(host.printedPages[0], "line", 1)) << "keywords are bold";
-    EXPECT_TRUE(Has(host.printedPages[0], R"(.*\d{4}-\d\d-\d\d \d\d:\d\d.*)"));
+    EXPECT_EQ(host.printedPages[0].pieces[4].typeface, TypefaceBold) << "keywords are bold";
+    EXPECT_TRUE(HasDate(host.printedPages[0]));
 
     // Whole lines of the selection keep their numbers; one ending at a line start stops before.
-    host.printedPages.clear();
     text.Select(MakePos(4, 3), MakePos(7, 0));
-    host.printDialogAnswers.push_back(Answer(PrintRange::Selection, 1, 1));
-    PrintText();
+    EXPECT_EQ(Run(Answer(PrintRange::Selection)), "1:1 done|");
     EXPECT_TRUE(host.printDialogs.back().hasSelection);
-    EXPECT_EQ(Printed(host, false), (Texts{"   5", "   6", "   7"}));
+    EXPECT_EQ(Printed(host, false), "   5   6   7");
     TestBuffer one("x\n"); // no empty last line even after a single line
-    host.printedPages.clear();
-    host.printDialogAnswers.push_back(Answer(PrintRange::All, 1, 1));
-    PrintText();
-    EXPECT_EQ(Printed(host, false), Texts{"   1"});
-    EXPECT_EQ(host.endedJobs, std::vector<bool>(6, true));
+    EXPECT_EQ(Run(all), "1:1 done|");
+    EXPECT_EQ(Printed(host, false), "   1");
 }
 
 TEST_F(PrintTest, CommandLinePrintsAFileOnTheDefaultPrinter) {
-    const std::string name = ::testing::TempDir() + "print me.vhd";
-    std::FILE* file = std::fopen(name.c_str(), "wb");
-    std::fputs("entity a is\r\nend a;\r\n", file);
-    std::fclose(file);
+    TempFolder folder;
+    const std::string name = folder.File("print me.vhd");
+    WriteBytes(name, "entity a is\r\nend a;\r\n");
     host.SetProfile("Print", "FontSize", "12");
     PrintFileFromCommandLine("\"" + name + "\"  ");
     EXPECT_EQ(host.ErrorBoxTexts(), "");
     ASSERT_EQ(host.printJobs.size(), 1u);
     EXPECT_TRUE(host.printJobs[0].defaultPrinter && host.printDialogs.empty());
     EXPECT_EQ(host.printJobs[0].fontPointSize, 12) << "the [Print] settings were loaded";
-    EXPECT_EQ(Printed(host, false), (Texts{"   1", "   2"}));
-    EXPECT_TRUE(Has(host.printedPages[0], R"(.*\d{4}-\d\d-\d\d \d\d:\d\d.*)"));
-    std::remove(name.c_str());
-    PrintFileFromCommandLine(name);
-    EXPECT_EQ(host.ErrorBoxTexts(), "Cannot open  file '" + name + "'.\n");
+    EXPECT_EQ(Printed(host, false), "   1   2");
+    EXPECT_TRUE(HasDate(host.printedPages[0]));
+    PrintFileFromCommandLine(folder.File("none"));
+    EXPECT_EQ(host.ErrorBoxTexts(), "Cannot open  file '" + folder.File("none") + "'.\n");
     PrintFileFromCommandLine("  ");
     EXPECT_EQ(host.boxes.back().text, "No file to print is named after /p.");
     EXPECT_EQ(host.printJobs.size(), 1u);
