@@ -180,8 +180,7 @@ TEST_F(DocsTest, StartupErrorsOpenInAMessageWindowThatIsRefreshed) {
     EXPECT_EQ(LinesOf(*window).at(3), "Error 2: Cannot open Menu definition file 'menu.ini'.");
     ASSERT_EQ(NewFile(), 0);
     ReportStartupError(ErrorSyntax, "bad line", "Keyboard mapper");
-    window->topLine = 3;
-    window->leftColumn = 2;
+    window->topLine = window->leftColumn = 3;
     const int caretUpdates = host.caretUpdates;
     ShowStartupErrors();
     EXPECT_EQ(window->topLine + window->leftColumn, 0);
