@@ -71,7 +71,9 @@ TEST_F(EditInputTest, KeysMoveTheCaretEditAndShiftExtendsTheSelection) {
     // A read-only buffer takes no editing key or typing, but the caret still moves.
     buffer->lines.readOnly = 1;
     TypeChar(*buffer, 'x');
-    Press(buffer, {{KeyDelete, "", "ab |\tx y\nz;"}, {KeyDown, "", "ab \tx y\nz;|"}});
+    Press(buffer, {{KeyDelete, "", "ab |\tx y\nz;"},
+                   {KeyDown, "", "ab \tx y\nz;|"},
+                   {KeyLeft, "", "ab \tx y\nz|;"}});
 
     // Page keys move by the window height; Insert switches the mode of every window and
     // records nothing; the window that got a key becomes the current one.
@@ -173,6 +175,7 @@ TEST_F(EditInputTest, ClicksShiftClicksAndDragsAreOneUndoStepEach) {
     // A click without moving is one step too; a Shift-click extends from the anchor (a second
     // one moves the free end) and starts no drag, so its release records nothing.
     EXPECT_TRUE(ButtonPressed(*buffer, At(*buffer, 7, 2), false, false));
+    EXPECT_EQ(buffer->lines.hasSelection, 0);
     EXPECT_TRUE(ButtonReleased(*buffer));
     EXPECT_FALSE(ButtonPressed(*buffer, At(*buffer, 8, 1), true, false));
     EXPECT_FALSE(ButtonPressed(*buffer, At(*buffer, 5, 4), true, false));
