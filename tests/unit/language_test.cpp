@@ -1,5 +1,5 @@
-// The language table (profile sections, choosing a language for a file), language
-// options files on disk, and the language dialog.
+// The language table (profile sections, choosing a language for a file, adding and deleting
+// entries), language options files on disk, and the language dialog.
 #include <sstream>
 
 #include "dialogs/gadget_dialog.h"
@@ -25,13 +25,9 @@ Texts Words(const WordArray& words) {
 
 class LanguageTest : public EditorTest {
   protected:
-    // Named languages with extension lists, no options files.
-    void Languages(const std::vector<std::pair<std::string, std::string>>& entries) {
-        for (size_t i = 0; i + 1 < LanguageCount; ++i) {
-            const auto [name, extension] = i < entries.size() ? entries[i] : std::pair{"", ""};
-            host.SetProfile("Languages", std::to_string(i + 1), name);
-            if (!name.empty()) host.SetProfile(name, "Extension", extension);
-        }
+    void LoadProfile(const std::string& ini) {
+        TempFile file(ini);
+        ASSERT_TRUE(LoadIniIntoProfile(host, file.path()));
         LoadLanguages();
     }
     // The writes of SaveLanguages; with a section name, its "key=value" writes joined by blanks.
@@ -55,108 +51,104 @@ class LanguageTest : public EditorTest {
     int Press(Gadget* gadget, int value = 0) {
         return GadgetNotified(*Dialog().dialog, gadget->controlId, value);
     }
-    void Type(Gadget* field, std::string_view text) {
-        host.TypeText(*field, text);
-        Press(field);
-    }
 };
 
-TEST_F(LanguageTest, KeysAreReadWithDefaultsAndLimitsAndSavedInTheirOrder) {
-    host.SetProfile("Languages", "1", "VHDL");
-    host.SetProfile("VHDL", "Color3", "9 9 9"); // never read: the file is empty
-    LoadLanguages();
+TEST_F(LanguageTest, KeysAreReadWithTheirLimitsAndSavedInTheirOrder) {
+    LoadProfile("[Languages]\n1=VHDL\n[VHDL]\nCaseSensitive=no\nBeginComment=/*\nEndComment=*/\n"
+                "LineComment=////\nTextColor=1 2 3\nTextTypeFace=4\nCommentColor=1 2\n"
+                "CommentTypeFace=3\nStringsColor=5 6 7\nStringsTypeFace=0\nExpanderColor=7 8 9\n"
+                "ExpanderTypeFace=6\nFilter=VHDL|*.vhd|\nExtension=" +
+                std::string(100, 'v') + "\n");
     EXPECT_EQ(UsedLanguageCount(), 2);
-    EXPECT_FALSE(HasStartupErrors());
     Texts writes;
     EXPECT_EQ(Saved("VHDL", &writes),
-              "File= CaseSensitive=yes BeginComment= EndComment= LineComment= TextColor=0 0 0 "
-              "TextTypeFace=0 CommentColor=0 128 0 CommentTypeFace=2 StringsColor=0 0 255 "
-              "StringsTypeFace=1 ExpanderColor=0 0 255 ExpanderTypeFace=0 Color1=255 0 0 "
-              "Typeface1=1 Color2=0 0 255 Typeface2=3 Color3=0 128 0 Typeface3=0 Color4=0 0 0 "
-              "Typeface4=0 Color5=0 0 0 Typeface5=0 Extension= Filter= ");
-    ASSERT_EQ(writes.size(), 2 * 26u + 4);
-    EXPECT_EQ(writes[0] + "|" + writes[25] + "|" + writes[26] + "|" + writes.back(),
-              "[Languages] 0=None|[None] Filter=All files(*.*)|*.*||[Languages] 1=VHDL|"
-              "[Languages] 5=");
-
-    const std::pair<const char*, std::string> keys[] = {
-        {"CaseSensitive", "no"},    {"BeginComment", "/*"},
-        {"EndComment", "*/"},       {"LineComment", "////"},
-        {"TextColor", "1 2 3"},     {"TextTypeFace", "4"},
-        {"CommentColor", "1 2"},    {"CommentTypeFace", "3"},
-        {"StringsColor", "5 6 7"},  {"StringsTypeFace", "0"},
-        {"ExpanderColor", "7 8 9"}, {"ExpanderTypeFace", "6"},
-        {"Filter", "VHDL|*.vhd|"},  {"Extension", std::string(100, 'v')}};
-    host.SetProfile("None", "Filter", "Text|*.txt|");
-    for (const auto& [key, value] : keys)
-        host.SetProfile("VHDL", key, value);
-    LoadLanguages();
-    EXPECT_EQ(LanguageEntry(0).filter, "Text|*.txt|");
-    EXPECT_EQ(Saved("VHDL"),
               "File= CaseSensitive=no BeginComment=/* EndComment=*/ LineComment=/// "
               "TextColor=1 2 3 TextTypeFace=4 CommentColor=1 2 0 CommentTypeFace=3 "
               "StringsColor=5 6 7 StringsTypeFace=0 ExpanderColor=7 8 9 ExpanderTypeFace=6 "
               "Color1=255 0 0 Typeface1=1 Color2=0 0 255 Typeface2=3 Color3=0 128 0 Typeface3=0 "
               "Color4=0 0 0 Typeface4=0 Color5=0 0 0 Typeface5=0 Extension=" +
                   std::string(79, 'v') + " Filter=VHDL|*.vhd| ");
-
-    // The file path is expanded; a missing file is reported, what was read before it stays.
+    ASSERT_EQ(writes.size(), 2 * 26u + 4);
+    EXPECT_EQ(writes[0] + "|" + writes[25] + "|" + writes[26] + "|" + writes.back(),
+              "[Languages] 0=None|[None] Filter=All files(*.*)|*.*||[Languages] 1=VHDL|"
+              "[Languages] 5=");
     host.SetProfile("VHDL", "File", "$INSTALL\\nowhere\\vhdl.lsf");
     LoadLanguages();
     EXPECT_EQ(LanguageEntry(1).optionsFile, "C:\\ruvo\\nowhere\\vhdl.lsf");
-    EXPECT_EQ(LanguageEntry(1).lineComment, "///");
-    EXPECT_EQ(editor.settings.startupErrors.errorCount, 1);
 }
 
+// An element followed by a comma is a prefix, the last one must match exactly, an empty one
+// only a name ending in a dot; case matters; the first match wins.
 TEST_F(LanguageTest, ExtensionListsChooseTheLanguage) {
     EXPECT_EQ(languageForFile("a.vhd"), &LanguageEntry(0)); // "None" before anything is loaded
     LanguageDef outside;
     EXPECT_EQ(LanguageIndex(&LanguageEntry(4)) + LanguageIndex(&outside), 3);
-    // An element followed by a comma is a prefix, the last one must match exactly, an empty
-    // one only a name ending in a dot; case matters; the first match wins.
-    const std::pair<std::vector<std::pair<std::string, std::string>>, Texts> cases[] = {
-        {{{"VHDL", "vhd,vhdl"}, {"Verilog", "vh,v"}, {"Text", ",txt"}},
-         {"VHDL a.vhd a.vhdl a.vhdx c:\\my.dir/top.vhd top.vhd.bak " + std::string(40, 'b') +
-              ".vhd",
-          "Verilog a.v a.vh", "Text a.txt",
-          "None a.VHD a.vo a.tx Makefile a. top.v.bak c:\\src.v\\top"}},
-        {{{"Short", "vhd"}, {"Long", "vhd,vhdx"}, {"Notes", "txt,"}},
-         {"Notes a. dir.x\\a. a.txt", "None a dir.x\\a", "Long a.vhdl", "Short a.vhd"}}};
-    for (const auto& [table, rows] : cases) {
-        Languages(table);
-        EXPECT_EQ(languageForFile("")->name, "None");
-        for (const std::string& row : rows) {
-            std::istringstream files(row);
-            std::string language, file;
-            for (files >> language; files >> file;)
-                EXPECT_EQ(languageForFile(file)->name, language) << file;
-        }
+    LoadProfile("[Languages]\n1=Short\n2=Long\n3=Verilog\n4=Notes\n5=Text\n[Short]\nExtension=vhd\n"
+                "[Long]\nExtension=vhd,vhdx\n[Verilog]\nExtension=vh,v\n[Notes]\nExtension=txt,\n"
+                "[Text]\nExtension=,tx\n");
+    EXPECT_EQ(languageForFile("")->name, "None");
+    for (const std::string& row :
+         Texts{"Short a.vhd " + std::string(40, 'b') + ".vhd", "Verilog a.v a.vh", "Text a.tx",
+               "Long a.vhdl a.vhdx c:\\my.dir/top.vhdl top.vhd.bak", "Notes a. dir.x\\a. a.txt",
+               "None a.VHD a.vo a.txx a Makefile dir.x\\a c:\\src.v\\top"}) {
+        std::istringstream files(row);
+        std::string language, file;
+        for (files >> language; files >> file;)
+            EXPECT_EQ(languageForFile(file)->name, language) << file;
+    }
+}
+
+// Used entries stay contiguous: deleting from a full table loses entry 5 too, adding to a full
+// one drops the last. The move tells where each old entry went (-1: gone).
+TEST_F(LanguageTest, AddingAndDeletingMoveTheEntriesInPlace) {
+    const std::tuple<int, int, bool, const char*> cases[] = {
+        {5, 1, false, "1|None B C D  |0 -1 1 2 3 -1 "},
+        {5, 5, false, "1|None A B C D |0 1 2 3 4 -1 "},
+        {2, 1, true, "2|None A New B  |0 1 3 4 5 -1 "},
+        {5, 2, true, "3|None A B New C D|0 1 2 4 5 -1 "},
+        {5, 5, true, "-1|None A B C D E|0 1 2 3 4 5 "}};
+    LoadLanguages();
+    for (const auto& [used, selected, add, expected] : cases) {
+        for (int i = 1; i < LanguageCount; ++i)
+            LanguageEntry(i) = LanguageDef{};
+        for (int i = 1; i <= used; ++i)
+            LanguageEntry(i).name = std::string(1, static_cast<char>('A' + i - 1));
+        LanguageMove move;
+        std::string got = std::to_string(add ? AddLanguage(selected, "New", move)
+                                             : DeleteLanguage(selected, move)) +
+                          "|" + LanguageEntry(0).name;
+        for (int i = 1; i < LanguageCount; ++i)
+            got += " " + LanguageEntry(i).name;
+        got += "|";
+        for (int i : move.to)
+            got += std::to_string(i) + " ";
+        EXPECT_EQ(got, expected);
     }
 }
 
 TEST_F(LanguageTest, OptionsFilesGiveSortedGroupsColoursAndTheExpanderTable) {
     TempFile file("Text before any section is ignored\n[group1]\nsignal\nEntity\n# a comment\n"
-                  "; another one\n\nARCHITECTURE\nend if\nstd_logic_vector\r\nstd_logic\nstdout\n"
-                  "[GROUP2]\ninteger\n[Other]\nignored\n[Group4]\nZed\nabc\n[expander]\n"
-                  "sl=std_logic\nno equals sign here\ncmp=a = b\nempty=\n; c=skipped\n=nameless\n"
+                  "; another one\n\nend if\n" +
+                  std::string(300, 'k') +
+                  "\nstd_logic_vector\r\nstd_logic\n[GROUP2]\ninteger\n[Other]\nignored\n"
+                  "[expander]\nsl=std_logic\nno equals sign here\ncmp=a = b\nempty=\n=nameless\n"
                   "[Group5]\nafter=the section ended\n");
     host.SetProfile("Lang", "Color1", "1 2 3");
     host.SetProfile("Lang", "Typeface1", "4");
     host.SetProfile("Lang", "Color3", "5 6 7");
     const LanguageDef& lang = LoadWithFile(file.path());
-    // Sorted without regard to case ('_' before letters), even in a case-sensitive language.
-    EXPECT_EQ(Words(lang.groups[0].words), (Texts{"ARCHITECTURE", "end if", "Entity", "signal",
-                                                  "std_logic", "std_logic_vector", "stdout"}));
+    // Sorted without regard to case ('_' before letters), even in a case-sensitive language;
+    // a long line is cut into lines of 254 bytes and the rest.
+    EXPECT_EQ(Words(lang.groups[0].words),
+              (Texts{"end if", "Entity", std::string(46, 'k'), std::string(254, 'k'), "signal",
+                     "std_logic", "std_logic_vector"}));
     EXPECT_EQ(Words(lang.groups[1].words), Texts{"integer"});
-    EXPECT_TRUE(lang.groups[2].words.Empty());
-    EXPECT_EQ(Words(lang.groups[3].words), (Texts{"abc", "Zed"}));
     EXPECT_EQ(Words(lang.groups[4].words), Texts{"after=the section ended"});
     EXPECT_EQ(Words(lang.expanderNames), (Texts{"sl", "cmp", "empty", ""}));
     EXPECT_EQ(Words(lang.expanderValues), (Texts{"std_logic", "a = b", "", "nameless"}));
-    EXPECT_EQ(std::tuple(lang.groups[0].attribute.color, lang.groups[0].attribute.typeface),
-              std::tuple(MakeColor(1, 2, 3), 4));
-    EXPECT_EQ(lang.groups[1].attribute.color, MakeColor(0, 0, 255));
-    EXPECT_EQ(lang.groups[2].attribute.color, MakeColor(5, 6, 7)); // read for an empty group
+    EXPECT_EQ(std::tuple(lang.groups[0].attribute.color, lang.groups[0].attribute.typeface,
+                         lang.groups[2].attribute.color), // read for an empty group too
+              std::tuple(MakeColor(1, 2, 3), 4, MakeColor(5, 6, 7)));
     EXPECT_FALSE(HasStartupErrors());
     TempFile second("[Group1]\nbeta\n"); // reloading replaces the words
     EXPECT_EQ(Words(LoadWithFile(second.path()).groups[0].words), Texts{"beta"});
@@ -166,26 +158,20 @@ TEST_F(LanguageTest, OptionsFilesGiveSortedGroupsColoursAndTheExpanderTable) {
     host.SetProfile("Lang", "TextColor", "9 9 9");
     const std::string missing = ::testing::TempDir() + "no_such_options_file.lsf";
     LoadWithFile(missing);
-    EXPECT_EQ(lang.text.color, MakeColor(9, 9, 9));
-    EXPECT_EQ(lang.groups[0].attribute.color, MakeColor(255, 0, 0));
-    EXPECT_TRUE(lang.groups[0].words.Empty());
+    EXPECT_EQ(
+        std::tuple(lang.text.color, lang.groups[0].attribute.color, Words(lang.groups[0].words)),
+        std::tuple(MakeColor(9, 9, 9), MakeColor(255, 0, 0), Texts{}));
     EXPECT_EQ(editor.settings.startupErrors.errorCount, 1);
     const LineList* log = editor.settings.startupErrors.lines;
     EXPECT_EQ(std::string(log->lineText[log->lineCount - 1]),
               "Error 2: Cannot open Language Options File file '" + missing + "'.");
 }
 
-TEST_F(LanguageTest, OptionsFilesCutLongLinesAndKeepWhatFitsInMemory) {
-    TempFile longLine("[Group1]\n" + std::string(300, 'k') + "\n");
-    WordArray words;
-    ASSERT_TRUE(ReadKeywordGroup(longLine.path(), 1, words));
-    EXPECT_EQ(Words(words), (Texts{std::string(46, 'k'), std::string(254, 'k')}));
-
+TEST_F(LanguageTest, OptionsFilesKeepWhatFitsInMemory) {
     TempFile file("[Group1]\nccc\nbbb\naaa\nddd\n[Expander]\nx=1\ny=2\n");
     long& limit = editor.settings.allocator.limitBytes;
-    const long total = editor.settings.allocator.totalBytes;
-    limit = total + 2 * 12 + 5; // a three-letter word costs 4 bytes and 8 of array growth
-    words.Clear();
+    limit = editor.settings.allocator.totalBytes + 2 * 12 + 5; // a word: 4 bytes, 8 of growth
+    WordArray words;
     ASSERT_TRUE(ReadKeywordGroup(file.path(), 1, words));
     EXPECT_EQ(Words(words), (Texts{"bbb", "ccc"}));
     EXPECT_NE(host.ErrorBoxTexts().find("Alloc failed for 8 bytes"), std::string::npos);
@@ -198,54 +184,10 @@ TEST_F(LanguageTest, OptionsFilesCutLongLinesAndKeepWhatFitsInMemory) {
         EXPECT_EQ(Words(values).size(), kept.size());
     }
     limit = -1;
-    ASSERT_TRUE(names.Append("z"));
-    EXPECT_EQ(Words(names), Texts{"z"});
-}
-
-TEST_F(LanguageTest, DialogAddsAndDeletesEntriesAndKeepsTheListOnTheTable) {
-    const struct {
-        Texts named;
-        int selected;
-        bool add; // else delete
-        Texts listed;
-        int shown;
-    } cases[] = {
-        {{"A", "B", "C", "D", "E"}, 1, false, {"None", "B", "C", "D"}, 0}, // entry 5 is lost too
-        {{"A", "B", "C", "D", "E"}, 5, false, {"None", "A", "B", "C", "D"}, 4},
-        {{"A", "B"}, 2, false, {"None", "A"}, 1},
-        {{"A", "B"}, 1, true, {"None", "A", "New", "B"}, 2},
-        {{"A", "B", "C", "D"}, 0, true, {"None", "New", "A", "B", "C", "D"}, 1}};
-    for (const auto& c : cases) {
-        for (int i = 1; i < LanguageCount; ++i)
-            LanguageEntry(i) = LanguageDef{};
-        std::vector<std::pair<std::string, std::string>> table;
-        for (const std::string& name : c.named)
-            table.emplace_back(name, "x" + name);
-        Languages(table);
-        LanguageOptions();
-        Press(Dialog().languages, c.selected);
-        host.inputAnswers.push_back("New");
-        Press(c.add ? Dialog().addButton : Dialog().deleteButton);
-        EXPECT_EQ(Dialog().languages->items, c.listed) << c.selected;
-        for (int i = static_cast<int>(c.listed.size()); i < LanguageCount; ++i)
-            EXPECT_FALSE(LanguageEntry(i).IsUsed()) << "no named entry after an unused one";
-        EXPECT_EQ(Dialog().languages->value, c.shown);
-        EXPECT_EQ(Dialog().deleteButton->IsDisabled(), c.shown == 0);
-        EXPECT_EQ(Dialog().addButton->IsDisabled(), c.listed.size() == LanguageCount);
-        EXPECT_TRUE(!c.add || LanguageEntry(c.shown).filter == LanguageEntry(0).filter);
-        DialogOkCommand(*Dialog().dialog);
-    }
-    ASSERT_EQ(host.inputRequests.size(), 2u);
-    EXPECT_EQ(host.inputRequests[0].prompt, "Name of new language : ");
-    EXPECT_EQ(host.inputRequests[0].maxLength, 79);
-    LanguageMove move; // the table full: inserting drops the last entry
-    EXPECT_EQ(AddLanguage(2, "Z", move), 3);
-    EXPECT_EQ(std::tuple(LanguageEntry(5).name, move.to[5]), std::tuple("C", -1));
-    EXPECT_EQ(AddLanguage(5, "Y", move), -1);
 }
 
 TEST_F(LanguageTest, DialogStoresFieldsAtOnceAndCancelBringsTheTableBack) {
-    Languages({{"VHDL", "xVHDL"}, {"Verilog", "v"}, {"Text", "txt"}});
+    LoadProfile("[Languages]\n1=VHDL\n2=Verilog\n3=Text\n4=Perl\n[VHDL]\nExtension=xVHDL\n");
     Texts before, after;
     Saved("", &before);
     EditBuffer* buffers[2];
@@ -263,30 +205,38 @@ TEST_F(LanguageTest, DialogStoresFieldsAtOnceAndCancelBringsTheTableBack) {
 
     Press(Dialog().languages, 2);
     for (const auto& [typed, stored] :
-         {std::pair{"*.vhd; *.vhdl", "vhd,vhdl"}, {"*.v", "v"}, {" .sv|*.v\t", "sv,v"}}) {
-        Type(Dialog().extensions, typed);
+         {std::pair{"*.vhd; *.vhdl", "vhd,vhdl"}, {" .sv|*.v\t", "sv,v"}}) {
+        host.TypeText(*Dialog().extensions, typed);
+        Press(Dialog().extensions);
         EXPECT_EQ(LanguageEntry(2).extensions, stored);
     }
     Press(Dialog().syntaxItems, 5); // KeywordCat2: blue, bold and italic
     EXPECT_EQ(GlGadgetGetText(*Dialog().colorParts[2]), "255");
     for (const char* red : {"12", "256", ""}) { // out of range or empty: the old part stays
-        Type(Dialog().colorParts[0], red);
+        host.TypeText(*Dialog().colorParts[0], red);
+        Press(Dialog().colorParts[0]);
         EXPECT_EQ(LanguageEntry(2).groups[1].attribute.color, MakeColor(12, 0, 255)) << red;
     }
     Press(Dialog().typefaceBits[2], 1);
     EXPECT_EQ(LanguageEntry(2).groups[1].attribute.typeface, 7);
     EXPECT_EQ(host.editWindowRefreshes, 4) << "each colour change repaints at once";
-    EXPECT_EQ(LanguageEntry(1).extensions, "xVHDL");
 
+    // Adding after VHDL fills the table: Add is disabled and Text moves to entry 4.
     Press(Dialog().languages, 1);
     host.inputAnswers.push_back("Added");
-    Press(Dialog().addButton); // after VHDL: Text moves to entry 4
+    Press(Dialog().addButton);
+    EXPECT_EQ(host.inputRequests[0].prompt + std::to_string(host.inputRequests[0].maxLength),
+              "Name of new language : 79");
     EXPECT_EQ(buffers[1]->language, &LanguageEntry(4));
+    EXPECT_EQ(Dialog().languages->value, 2);
+    EXPECT_TRUE(Dialog().addButton->IsDisabled());
     Press(Dialog().languages, 1);
-    Press(Dialog().deleteButton);
+    Press(Dialog().deleteButton); // from the full table: Perl goes too
     EXPECT_EQ(Dialog().languages->items, (Texts{"None", "Added", "Verilog", "Text"}));
     EXPECT_EQ(buffers[0]->language, &LanguageEntry(0)) << "its language was deleted";
     EXPECT_EQ(buffers[1]->language, &LanguageEntry(3));
+    Press(Dialog().languages, 0);
+    EXPECT_TRUE(Dialog().deleteButton->IsDisabled());
     EXPECT_EQ(DialogCancelCommand(*Dialog().dialog), 0);
     Saved("", &after);
     EXPECT_EQ(after, before);

@@ -1,16 +1,13 @@
-// Helpers of the language tests: options files on disk and language sections in the profile.
+// Helpers of the language tests: options files on disk and INI files read into the profile.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <cstdio>
 #include <fstream>
-#include <map>
-#include <sstream>
 #include <string>
 
 #include "fake_host.h"
-#include "lang/syntax_scanner.h"
 
 namespace ruvo {
 
@@ -51,24 +48,6 @@ inline bool LoadIniIntoProfile(FakeHost& host, const std::string& path) {
             host.SetProfile(section, line.substr(0, equals), line.substr(equals + 1));
     }
     return true;
-}
-
-inline const char* RunKindName(RunKind kind) {
-    static const char* const names[] = {"text", "comment", "kw", "abbrev", "string"};
-    return names[static_cast<int>(kind)];
-}
-
-// The runs of a line written out as "[text]kind" pieces, keyword pieces with their group.
-inline std::string DescribeRuns(std::string_view line, const LanguageDef* language) {
-    ColourRun runs[MaxRunsPerLine];
-    const int count = ScanLine(line, language, runs, MaxRunsPerLine);
-    std::ostringstream out;
-    for (int i = 0; i < count; ++i) {
-        out << "[" << line.substr(runs[i].start, runs[i].length) << "]"
-            << RunKindName(runs[i].kind);
-        if (runs[i].kind == RunKind::Keyword) out << runs[i].group;
-    }
-    return out.str();
 }
 
 } // namespace ruvo
