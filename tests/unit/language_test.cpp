@@ -2,15 +2,13 @@
 // entries), language options files on disk, and the language dialog.
 #include <sstream>
 
-#include "dialogs/gadget_dialog.h"
 #include "docs/documents.h"
 #include "editor_fixture.h"
+#include "dialogs/gadget_dialog.h"
 #include "engine/edit_buffer.h"
 #include "lang/language_dialog.h"
 #include "lang/language_edits.h"
 #include "lang/language_io.h"
-#include "lang/language_options_file.h"
-#include "lang/language_table.h"
 #include "language_test_files.h"
 #include "settings/error_report.h"
 
@@ -72,9 +70,15 @@ TEST_F(LanguageTest, KeysAreReadWithTheirLimitsAndSavedInTheirOrder) {
     EXPECT_EQ(writes[0] + "|" + writes[25] + "|" + writes[26] + "|" + writes.back(),
               "[Languages] 0=None|[None] Filter=All files(*.*)|*.*||[Languages] 1=VHDL|"
               "[Languages] 5=");
+    // A missing options file: one report, nothing read from the first group on.
     host.SetProfile("VHDL", "File", "$INSTALL\\nowhere\\vhdl.lsf");
+    host.SetProfile("VHDL", "Color1", "9 9 9");
     LoadLanguages();
-    EXPECT_EQ(LanguageEntry(1).optionsFile, "C:\\ruvo\\nowhere\\vhdl.lsf");
+    EXPECT_EQ(LanguageEntry(1).groups[0].attribute.color, MakeColor(255, 0, 0));
+    const LineList* log = editor.settings.startupErrors.lines;
+    EXPECT_EQ(std::string(log->lineText[log->lineCount - 1]) +
+                  std::to_string(editor.settings.startupErrors.errorCount),
+              "Error 2: Cannot open Language Options File file 'C:\\ruvo\\nowhere\\vhdl.lsf'.1");
 }
 
 // An element followed by a comma is a prefix, the last one must match exactly, an empty one
@@ -153,41 +157,10 @@ TEST_F(LanguageTest, OptionsFilesGiveSortedGroupsColoursAndTheExpanderTable) {
     TempFile second("[Group1]\nbeta\n"); // reloading replaces the words
     EXPECT_EQ(Words(LoadWithFile(second.path()).groups[0].words), Texts{"beta"});
     EXPECT_TRUE(lang.expanderNames.Empty());
-
-    // A missing file: one report, nothing read from the first group on.
-    host.SetProfile("Lang", "TextColor", "9 9 9");
-    const std::string missing = ::testing::TempDir() + "no_such_options_file.lsf";
-    LoadWithFile(missing);
-    EXPECT_EQ(
-        std::tuple(lang.text.color, lang.groups[0].attribute.color, Words(lang.groups[0].words)),
-        std::tuple(MakeColor(9, 9, 9), MakeColor(255, 0, 0), Texts{}));
-    EXPECT_EQ(editor.settings.startupErrors.errorCount, 1);
-    const LineList* log = editor.settings.startupErrors.lines;
-    EXPECT_EQ(std::string(log->lineText[log->lineCount - 1]),
-              "Error 2: Cannot open Language Options File file '" + missing + "'.");
-}
-
-TEST_F(LanguageTest, OptionsFilesKeepWhatFitsInMemory) {
-    TempFile file("[Group1]\nccc\nbbb\naaa\nddd\n[Expander]\nx=1\ny=2\n");
-    long& limit = editor.settings.allocator.limitBytes;
-    limit = editor.settings.allocator.totalBytes + 2 * 12 + 5; // a word: 4 bytes, 8 of growth
-    WordArray words;
-    ASSERT_TRUE(ReadKeywordGroup(file.path(), 1, words));
-    EXPECT_EQ(Words(words), (Texts{"bbb", "ccc"}));
-    EXPECT_NE(host.ErrorBoxTexts().find("Alloc failed for 8 bytes"), std::string::npos);
-    // A name whose value does not fit is dropped, so names and values stay in step.
-    WordArray names, values;
-    for (const auto& [bytes, kept] : {std::pair{22, Texts{"x"}}, {12, Texts{}}}) {
-        limit = editor.settings.allocator.totalBytes + bytes;
-        ASSERT_TRUE(ReadExpanderTable(file.path(), names, values));
-        EXPECT_EQ(Words(names), kept);
-        EXPECT_EQ(Words(values).size(), kept.size());
-    }
-    limit = -1;
 }
 
 TEST_F(LanguageTest, DialogStoresFieldsAtOnceAndCancelBringsTheTableBack) {
-    LoadProfile("[Languages]\n1=VHDL\n2=Verilog\n3=Text\n4=Perl\n[VHDL]\nExtension=xVHDL\n");
+    LoadProfile("[Languages]\n1=VHDL\n2=Verilog\n3=Text\n4=Perl\n");
     Texts before, after;
     Saved("", &before);
     EditBuffer* buffers[2];
@@ -198,28 +171,22 @@ TEST_F(LanguageTest, DialogStoresFieldsAtOnceAndCancelBringsTheTableBack) {
     buffers[0]->language = &LanguageEntry(1);
     buffers[1]->language = &LanguageEntry(3);
     editor.engine.currentBuffer = buffers[0];
-    ASSERT_TRUE(LanguageEntry(1).groups[0].words.Append("entity"));
     LanguageOptions();
     EXPECT_EQ(Dialog().languages->value, 1) << "the active buffer's language is shown";
-    EXPECT_EQ(GlGadgetGetText(*Dialog().colorParts[0]), "0") << "with its text colour";
-
     Press(Dialog().languages, 2);
-    for (const auto& [typed, stored] :
-         {std::pair{"*.vhd; *.vhdl", "vhd,vhdl"}, {" .sv|*.v\t", "sv,v"}}) {
-        host.TypeText(*Dialog().extensions, typed);
-        Press(Dialog().extensions);
-        EXPECT_EQ(LanguageEntry(2).extensions, stored);
-    }
+    host.TypeText(*Dialog().extensions, " *.vhd; .sv|*.v\t");
+    Press(Dialog().extensions);
+    EXPECT_EQ(LanguageEntry(2).extensions, "vhd,sv,v");
     Press(Dialog().syntaxItems, 5); // KeywordCat2: blue, bold and italic
     EXPECT_EQ(GlGadgetGetText(*Dialog().colorParts[2]), "255");
     for (const char* red : {"12", "256", ""}) { // out of range or empty: the old part stays
         host.TypeText(*Dialog().colorParts[0], red);
         Press(Dialog().colorParts[0]);
-        EXPECT_EQ(LanguageEntry(2).groups[1].attribute.color, MakeColor(12, 0, 255)) << red;
     }
     Press(Dialog().typefaceBits[2], 1);
-    EXPECT_EQ(LanguageEntry(2).groups[1].attribute.typeface, 7);
-    EXPECT_EQ(host.editWindowRefreshes, 4) << "each colour change repaints at once";
+    const TextAttribute& shown = LanguageEntry(2).groups[1].attribute;
+    EXPECT_EQ(std::tuple(shown.color, shown.typeface, host.editWindowRefreshes),
+              std::tuple(MakeColor(12, 0, 255), 7, 4)); // each change repaints at once
 
     // Adding after VHDL fills the table: Add is disabled and Text moves to entry 4.
     Press(Dialog().languages, 1);
@@ -227,20 +194,19 @@ TEST_F(LanguageTest, DialogStoresFieldsAtOnceAndCancelBringsTheTableBack) {
     Press(Dialog().addButton);
     EXPECT_EQ(host.inputRequests[0].prompt + std::to_string(host.inputRequests[0].maxLength),
               "Name of new language : 79");
-    EXPECT_EQ(buffers[1]->language, &LanguageEntry(4));
-    EXPECT_EQ(Dialog().languages->value, 2);
-    EXPECT_TRUE(Dialog().addButton->IsDisabled());
+    EXPECT_EQ(std::tuple(buffers[1]->language, Dialog().languages->value,
+                         Dialog().addButton->IsDisabled()),
+              std::tuple(&LanguageEntry(4), 2, true));
     Press(Dialog().languages, 1);
     Press(Dialog().deleteButton); // from the full table: Perl goes too
     EXPECT_EQ(Dialog().languages->items, (Texts{"None", "Added", "Verilog", "Text"}));
-    EXPECT_EQ(buffers[0]->language, &LanguageEntry(0)) << "its language was deleted";
-    EXPECT_EQ(buffers[1]->language, &LanguageEntry(3));
+    EXPECT_EQ(std::tuple(buffers[0]->language, buffers[1]->language),
+              std::tuple(&LanguageEntry(0), &LanguageEntry(3))); // VHDL's buffer gets None
     Press(Dialog().languages, 0);
     EXPECT_TRUE(Dialog().deleteButton->IsDisabled());
     EXPECT_EQ(DialogCancelCommand(*Dialog().dialog), 0);
     Saved("", &after);
     EXPECT_EQ(after, before);
-    EXPECT_EQ(Words(LanguageEntry(1).groups[0].words), Texts{"entity"});
     EXPECT_EQ(std::tuple(buffers[0]->language, buffers[1]->language),
               std::tuple(&LanguageEntry(1), &LanguageEntry(3)));
 }

@@ -2,17 +2,14 @@
 // name, the [Templates] profile section), range edits with their dialog, word expansion.
 #include <tuple>
 
-#include "aids/hdl_aids_state.h"
 #include "aids/hdl_edits_dialog.h"
 #include "aids/range_edits.h"
 #include "aids/template_expand.h"
 #include "aids/template_profile.h"
 #include "aids/templates_dialog.h"
 #include "aids/word_expansion.h"
-#include "dialogs/gadget_dialog.h"
 #include "engine/editing_commands.h"
 #include "lang/language_table.h"
-#include "settings/error_report.h"
 #include "settings/profile.h"
 
 #include "buffer_builder.h"
@@ -25,10 +22,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-class TemplatesTest : public EditorTest {
-  protected:
-    TemplateState& state() { return editor.hdlAids.templates; }
-};
+using TemplatesTest = EditorTest;
 
 TEST_F(TemplatesTest, ReaderKeepsGoodTemplatesAndReportsEachFault) {
     const std::string name30(30, 'n');
@@ -61,9 +55,8 @@ TEST_F(TemplatesTest, ReaderKeepsGoodTemplatesAndReportsEachFault) {
             found += (log->lineText[i] == at ? "@" : std::string(log->lineText[i]).substr(9)) + "|";
         EXPECT_EQ(kept + "/" + found, names + "/" + reports) << text;
     }
-    const Template& and2 = state().loadedFiles[0]->templates[0];
-    EXPECT_EQ(and2.paramNames[1] + "|" + and2.body, "b|y <= $1$ and $2$;\n");
-    EXPECT_EQ(ExpandTemplateBody(state().loadedFiles.back()->templates[0], {"v"}), "$0$ v $2$\n");
+    EXPECT_EQ(ExpandTemplateBody(editor.hdlAids.templates.loadedFiles.back()->templates[0], {"v"}),
+              "$0$ v $2$\n");
     EXPECT_EQ(LoadTemplateFile("/no/such/file.tpl"), nullptr);
     const LineList* log = editor.settings.startupErrors.lines;
     EXPECT_STREQ(log->lineText[log->lineCount - 1],
@@ -109,20 +102,6 @@ TEST_F(TemplatesTest, DialogsInsertWithValuesKeptAsOneEdit) {
     EXPECT_EQ(buffer->cursor, MakePos(2, 0));
 }
 
-TEST_F(TemplatesTest, ExpandByNameWarnsOfAMissingFileOrTemplate) {
-    TempFile file("[empty()]\nx\n");
-    TestBuffer buffer("");
-    EXPECT_EQ(ExpandTemplateByName(file.path() + "-gone", "empty"), 0);
-    EXPECT_EQ(ExpandTemplateByName(file.path(), "Empty"), 0);
-    EXPECT_EQ(ExpandTemplateByName(file.path(), "empty"), 1);
-    EXPECT_EQ(host.ErrorBoxTexts(), "Template file \"" + file.path() + "-gone\" not found.\n" +
-                                        "Template \"Empty\" not found in file \"" + file.path() +
-                                        "\" .\n");
-    EXPECT_EQ(host.boxes[0].caption, "Warning");
-    EXPECT_EQ(state().loadedFiles.size(), 1u); // loaded once, found again by its path
-    EXPECT_EQ(buffer.Text(), "x\n");
-}
-
 TEST_F(TemplatesTest, ProfileKeepsLoadedAndMissingFilesAndDropsRemovedOnes) {
     TempFile a("[a()]\n");
     TempFile b("[b()]\n");
@@ -132,7 +111,7 @@ TEST_F(TemplatesTest, ProfileKeepsLoadedAndMissingFilesAndDropsRemovedOnes) {
                                     {"4", a.path()}})
         host.SetProfile("Templates", key, path);
     LoadTemplatesFromProfile();
-    ASSERT_EQ(state().loadedFiles.size(), 2u);
+    ASSERT_EQ(editor.hdlAids.templates.loadedFiles.size(), 2u);
 
     // A loaded file with a fault shows the start-up report at once.
     TempFile faulty("[x]\n");
@@ -163,16 +142,15 @@ TEST_F(TemplatesTest, SelectedLinesCommandsChangeOneLineStartEach) {
     LanguageEntry(1).lineComment = "--";
     buffer->language = &LanguageEntry(1);
     buffer.Select(MakePos(0, 3), MakePos(2, 0));
-    const std::pair<int (*)(), const char*> steps[] = {
-        {AddComment, "--signal a;\n--\tb;\nc"},        {AddIndent, "\t--signal a;\n\t--\tb;\nc"},
-        {RemoveComment, "\t--signal a;\n\t--\tb;\nc"}, {RemoveIndent, "--signal a;\n--\tb;\nc"},
-        {RemoveComment, "signal a;\n\tb;\nc"},         {RemoveIndent, "signal a;\nb;\nc"}};
-    for (const auto& [command, text] : steps) {
+    AddComment();
+    AddIndent();
+    RemoveComment(); // not at the line start
+    EXPECT_EQ(buffer.Text(), "\t--signal a;\n\t--\tb;\nc");
+    for (int (*command)() : {RemoveIndent, RemoveComment, RemoveIndent})
         command();
-        EXPECT_EQ(buffer.Text(), text);
-    }
-    EXPECT_EQ(std::tuple(buffer->selStart, buffer->selEnd, buffer.LoggedTransactions()),
-              std::tuple(MakePos(0, 3), MakePos(2, 0), 9));
+    EXPECT_EQ(
+        std::tuple(buffer.Text(), buffer->selStart, buffer->selEnd, buffer.LoggedTransactions()),
+        std::tuple("signal a;\nb;\nc", MakePos(0, 3), MakePos(2, 0), 9));
     EditUndo();
     EXPECT_EQ(buffer.Text(), "signal a;\n\tb;\nc");
 }
@@ -207,25 +185,30 @@ TEST_F(TemplatesTest, RangeDialogNeedsARangeAndTicksOneBoxOnly) {
     EXPECT_EQ(buffer.Text(), "a\nb\nc");
 }
 
+// A value "[file][name]" expands a template, loaded once and found again by its path.
 TEST_F(TemplatesTest, LanguageExpandReplacesTheWordByValueOrTemplate) {
     TempFile templates("[ent(name)]\nentity $1$ is\nend entity $1$;\n");
     const std::string file = "[" + templates.path();
     for (const auto& [name, value] : {std::pair{"sig", std::string("signal ")},
                                       {"ent", file + "][ent]"},
                                       {"bad", file + "[ent]"},
-                                      {"gone", file + "][nope]"}}) {
+                                      {"gone", file + "][Ent]"},
+                                      {"lost", file + "-gone][ent]"}}) {
         ASSERT_TRUE(LanguageEntry(1).expanderNames.Append(name));
         ASSERT_TRUE(LanguageEntry(1).expanderValues.Append(value));
     }
-    TestBuffer buffer("sig\n  SIG\nx bad\nx gone\n  ent");
+    TestBuffer buffer("sig\n  SIG\nx bad\nx gone lost\n  ent");
     buffer->language = &LanguageEntry(1);
-    for (const TextPos caret : {MakePos(0, 0), MakePos(1, 5), MakePos(2, 5), MakePos(3, 6)}) {
+    for (const TextPos caret :
+         {MakePos(0, 0), MakePos(1, 5), MakePos(2, 5), MakePos(3, 6), MakePos(3, 11)}) {
         buffer.PlaceCaret(caret.line, caret.column); // column 0: nothing
         LanguageExpand();
     }
-    EXPECT_EQ(host.ErrorBoxTexts(),
-              "Template \"nope\" not found in file \"" + templates.path() + "\" .\n");
-    const std::string before = "sig\n  signal \nx bad\nx gone\n  ent";
+    EXPECT_EQ(host.ErrorBoxTexts(), "Template \"Ent\" not found in file \"" + templates.path() +
+                                        "\" .\nTemplate file \"" + templates.path() +
+                                        "-gone\" not found.\n");
+    EXPECT_EQ(host.boxes[0].caption, "Warning");
+    const std::string before = "sig\n  signal \nx bad\nx gone lost\n  ent";
     EXPECT_EQ(buffer.Text(), before);
     buffer.PlaceCaret(4, 5);
     host.dialogActions.push_back([](GadgetDialog& dialog) { DialogCancelCommand(dialog); });
@@ -236,7 +219,9 @@ TEST_F(TemplatesTest, LanguageExpandReplacesTheWordByValueOrTemplate) {
         DialogOkCommand(dialog);
     });
     LanguageExpand();
-    EXPECT_EQ(buffer.Text(), "sig\n  signal \nx bad\nx gone\n  entity alu is\nend entity alu;\n");
+    EXPECT_EQ(buffer.Text(),
+              "sig\n  signal \nx bad\nx gone lost\n  entity alu is\nend entity alu;\n");
+    EXPECT_EQ(editor.hdlAids.templates.loadedFiles.size(), 1u);
     EditUndo(); // the word comes back with the same step
     EXPECT_EQ(buffer.Text(), before);
 }
