@@ -1,10 +1,9 @@
-// The text store: columns, stepping, range text, insertion and deletion with the line limit;
-// the line array under it and reading files into it.
+// The text store: insertion and deletion with the line limit, range text, columns and steps;
+// the line array and line strings under it, and reading files into it.
 #include "engine/text_store.h"
 
 #include <cstdio>
 #include <cstring>
-#include <random>
 #include <string>
 #include <vector>
 
@@ -21,41 +20,31 @@ namespace ruvo {
 namespace {
 
 using TextStoreTest = EditorTest;
-const std::string H200(200, 'h');
+using Lines = std::vector<std::string>;
 
 TEST_F(TextStoreTest, InsertionSplitsAtLineFeedsAndStopsAtTheLineLimit) {
     // {line, column, text, inserted, line after}: lone carriage returns stay, the one before a
     // line feed goes but counts toward the limit; head plus first piece and last piece plus tail
     // count; a middle line that would be too long refuses the whole insertion.
-    const std::string t50(50, 't'), t55(55, 't'), p55(55, 'p'), q200(200, 'q');
-    const struct {
-        std::string line;
-        int32_t column;
-        std::string text;
-        int inserted;
-        std::string after;
-    } cases[] = {
-        {"xyz", 1, "a\nb", 1, "xa\nbyz"},
-        {"xyz", 1, "a\r\nb", 1, "xa\nbyz"},
-        {"xyz", 1, "a\rb", 1, "xa\rbyz"},
-        {"xyz", 1, "1\n2\r\n3\n\n4", 1, "x1\n2\n3\n\n4yz"},
+    const std::string h200(200, 'h'), t50(50, 't'), t55(55, 't'), p55(55, 'p'), q200(200, 'q');
+    const std::tuple<std::string, int32_t, std::string, int, std::string> cases[] = {
+        {"xyz", 1, "1\n2\r\n3\n\n4\rb", 1, "x1\n2\n3\n\n4\rbyz"},
         {"xyz", 1, "", 1, "xyz"},
-        {H200 + t50, 200, "12345", 1, H200 + "12345" + t50},
-        {H200 + t50, 200, "123456", 0, H200 + t50},
-        {H200 + t55, 200, p55 + "p\n", 0, H200 + t55},
-        {H200 + t55, 200, p55 + "\n", 1, H200 + p55 + "\n" + t55},
+        {h200 + t50, 200, "12345", 1, h200 + "12345" + t50},
+        {h200 + t50, 200, "123456", 0, h200 + t50},
+        {h200 + t55, 200, p55 + "p\n", 0, h200 + t55},
+        {h200 + t55, 200, p55 + "\n", 1, h200 + p55 + "\n" + t55},
         {t55, 0, "\nq" + q200, 0, t55},
         {t55, 0, "\n" + q200, 1, "\n" + q200 + t55},
-        {H200, 200, p55 + "\r\nz", 0, H200},
-        {H200, 200, p55 + "\nz", 1, H200 + p55 + "\nz"},
+        {h200, 200, p55 + "\r\nz", 0, h200},
         {"ab", 1, "1\n" + std::string(256, 'm') + "\n2", 0, "ab"},
     };
-    for (const auto& c : cases) {
-        TestBuffer buffer("first\n" + c.line);
+    for (const auto& [line, column, text, inserted, after] : cases) {
+        TestBuffer buffer("first\n" + line);
         buffer->lines.modified = 0;
-        EXPECT_EQ(InsertText(*buffer, c.text, 1, c.column), c.inserted) << c.text.size();
-        EXPECT_EQ(buffer.Text(), "first\n" + c.after) << c.text.size();
-        EXPECT_EQ(buffer->lines.modified, c.inserted == 1 && !c.text.empty() ? 1 : 0);
+        EXPECT_EQ(InsertText(*buffer, text, 1, column), inserted) << text.size();
+        EXPECT_EQ(buffer.Text(), "first\n" + after) << text.size();
+        EXPECT_EQ(buffer->lines.modified, inserted == 1 && !text.empty() ? 1 : 0);
     }
     TestBuffer buffer("ab");
     EXPECT_EQ(InsertText(*buffer, "x", 1, 0), 0); // a line past the end
@@ -71,70 +60,47 @@ TEST_F(TextStoreTest, InsertionSplitsAtLineFeedsAndStopsAtTheLineLimit) {
     EXPECT_EQ(InsertExactText(*buffer, std::string(254, 'w') + "\n", 0, 1), 1);
 }
 
-TEST_F(TextStoreTest, DeletionJoinsLinesAndRespectsTheLimit) {
-    TestBuffer buffer("l0\nl1\nabcdef\nl3\nl4\nXYZ\nl6");
-    // {start, end, deleted, text after}: empty and backwards ranges change nothing, an end past
+TEST_F(TextStoreTest, DeletionAndReplacementKeepTheLineLimit) {
+    // {start, end, text after} in turn: empty and backwards ranges change nothing, an end past
     // the text deletes to its end.
-    const struct {
-        TextPos start, end;
-        int deleted;
-        const char* after;
-    } steps[] = {{{2, 3}, {5, 1}, 1, "l0\nl1\nabcYZ\nl6"}, {{2, 1}, {2, 3}, 1, "l0\nl1\naYZ\nl6"},
-                 {{2, 2}, {2, 2}, 1, "l0\nl1\naYZ\nl6"},   {{2, 2}, {1, 0}, 1, "l0\nl1\naYZ\nl6"},
-                 {{2, 1}, {2, 9}, 1, "l0\nl1\na\nl6"},     {{1, 1}, {9, 0}, 1, "l0\nl"}};
-    for (const auto& step : steps) {
+    TestBuffer buffer("l0\nl1\nabcdef\nl3\nl4\nXYZ\nl6");
+    const std::tuple<TextPos, TextPos, const char*> steps[] = {
+        {{2, 3}, {5, 1}, "l0\nl1\nabcYZ\nl6"}, {{2, 1}, {2, 3}, "l0\nl1\naYZ\nl6"},
+        {{2, 2}, {2, 2}, "l0\nl1\naYZ\nl6"},   {{2, 2}, {1, 0}, "l0\nl1\naYZ\nl6"},
+        {{2, 1}, {2, 9}, "l0\nl1\na\nl6"},     {{1, 1}, {9, 0}, "l0\nl"}};
+    for (const auto& [start, end, after] : steps) {
         buffer->lines.modified = 0;
-        EXPECT_EQ(DeleteRange(*buffer, step.start, step.end), step.deleted);
-        EXPECT_EQ(buffer.Text(), step.after);
-        EXPECT_EQ(buffer->lines.modified, PosLess(step.start, step.end) ? 1 : 0) << step.after;
+        EXPECT_EQ(DeleteRange(*buffer, start, end), 1);
+        EXPECT_EQ(buffer.Text(), after);
+        EXPECT_EQ(buffer->lines.modified, PosLess(start, end) ? 1 : 0) << after;
     }
-    EXPECT_EQ(buffer->lines.lineCount, 2);
-
     TestBuffer limit(std::string(128, 'a') + "\n" + std::string(128, 'b'));
     EXPECT_EQ(DeleteRange(*limit, MakePos(0, 128), MakePos(1, 0)), 0); // 256 bytes
-    EXPECT_EQ(limit->lines.lineCount, 2);
     EXPECT_EQ(DeleteRange(*limit, MakePos(0, 127), MakePos(1, 0)), 1); // 255 bytes
     EXPECT_EQ(limit.Text(), std::string(127, 'a') + std::string(128, 'b'));
 
     // Replacing a line marks the text; a line past the end or over 255 bytes is refused.
     limit->lines.modified = 0;
     EXPECT_EQ(ReplaceLine(*limit, "zwei", 0), 1);
-    EXPECT_EQ(limit.Text(), "zwei");
     EXPECT_EQ(limit->lines.modified, 1);
     EXPECT_EQ(ReplaceLine(*limit, "x", 1), 0);
     EXPECT_EQ(ReplaceLine(*limit, std::string(256, 'x'), 0), 0);
+    EXPECT_EQ(limit.Text(), "zwei");
     EXPECT_EQ(ReplaceLine(*limit, std::string(255, 'x'), 0), 1);
 }
 
-TEST_F(TextStoreTest, RangeTextJoinsLinesWithTheChosenSeparator) {
-    TestBuffer buffer("abc\nde\nfgh");
-    auto get = [&](TextPos from, TextPos to, bool crlf) {
-        char* text = GetRangeText(*buffer, from, to, crlf);
-        const std::string copy = text;
-        Release(text);
-        return copy;
-    };
-    EXPECT_EQ(get(MakePos(0, 2), MakePos(1, 1), false), "c\nd");
-    EXPECT_EQ(get(MakePos(0, 0), MakePos(2, 3), true), "abc\r\nde\r\nfgh");
-    EXPECT_EQ(get(MakePos(2, 0), MakePos(1, 1), false), ""); // backwards
-    EXPECT_EQ(RangeText(*buffer, MakePos(0, 1), MakePos(2, 99)), "bc\nde\nfgh");
-    EXPECT_TRUE(TextStandsAt(*buffer, MakePos(0, 2), "c\nde\nf"));
-    EXPECT_FALSE(TextStandsAt(*buffer, MakePos(0, 2), "c\r\nde\r\nf"));
-    EXPECT_FALSE(TextStandsAt(*buffer, MakePos(2, 0), "fgh\n"));
-    EXPECT_TRUE(TextStandsAt(*buffer, MakePos(7, 0), ""));
-}
-
-TEST_F(TextStoreTest, ColumnsExpandTabsAndPositionsAreClampedAndStepped) {
+TEST_F(TextStoreTest, RangeTextColumnsAndSteps) {
     TestBuffer buffer("\tab\tc\nxy\n\nde\nfghi");
-    EXPECT_EQ(DisplayColumn(buffer->lines.lineText[0], 4), 8);
-    EXPECT_EQ(DisplayColumn(buffer->lines.lineText[0], -1), 0);
-    EXPECT_EQ(DisplayColumn(nullptr, 3), 0);
-    EXPECT_EQ(ColumnFromDisplay(*buffer, 0, 2), MakePos(0, 1)); // inside the tab
-    EXPECT_EQ(ColumnFromDisplay(*buffer, 1, 40), MakePos(1, 2));
-    EXPECT_EQ(ColumnFromDisplay(*buffer, -3, 0), MakePos(0, 0));
-    EXPECT_EQ(ColumnFromDisplay(*buffer, 9, 3), MakePos(4, 3));
+    char* text = GetRangeText(*buffer, MakePos(0, 3), MakePos(1, 1), true);
+    EXPECT_STREQ(text, "\tc\r\nx");
+    Release(text);
+    EXPECT_EQ(RangeText(*buffer, MakePos(3, 1), MakePos(4, 99)), "e\nfghi");
+    EXPECT_TRUE(TextStandsAt(*buffer, MakePos(1, 1), "y\n\nd"));
+    EXPECT_FALSE(TextStandsAt(*buffer, MakePos(1, 1), "y\r\n\r\nd"));
+    EXPECT_FALSE(TextStandsAt(*buffer, MakePos(4, 0), "fghi\n"));
+
     // Every byte column survives the trip to the screen and back, whatever the tabs.
-    TestBuffer mixed("\t\ta\tbc\t\tdef\t \t  g\t");
+    TestBuffer mixed("\t\ta\tbc\t\tdef\t \t  g\t", false);
     for (int size : {1, 3, 4, 8}) {
         editor.settings.options.tabSize = size;
         const char* line = mixed->lines.lineText[0];
@@ -142,206 +108,75 @@ TEST_F(TextStoreTest, ColumnsExpandTabsAndPositionsAreClampedAndStepped) {
             EXPECT_EQ(ColumnFromDisplay(*mixed, 0, DisplayColumn(line, column)), MakePos(0, column))
                 << "tab size " << size;
     }
-
-    buffer->visibleLines = 3;
-    EXPECT_EQ(ClampPos(*buffer, -5, -1), MakePos(0, 0));
-    EXPECT_EQ(ClampPos(*buffer, 9, 9), MakePos(4, 4));
-    EXPECT_EQ(ClampTopLine(*buffer, 5), 2);
-    EXPECT_EQ(ClampTopLine(*buffer, -1), 0);
-    buffer->visibleLines = 10;
-    EXPECT_EQ(ClampTopLine(*buffer, 5), 0);
+    EXPECT_EQ(DisplayColumn(buffer->lines.lineText[0], -1), 0);
+    EXPECT_EQ(ColumnFromDisplay(*buffer, 0, 2), MakePos(0, 1)); // inside the tab
+    EXPECT_EQ(ColumnFromDisplay(*buffer, -3, 40), MakePos(0, 5));
+    EXPECT_EQ(ColumnFromDisplay(*buffer, 9, 3), MakePos(4, 3));
     // Steps cross line ends and stop at the ends of the text.
     const std::pair<TextPos, TextPos> next[] = {
         {{1, 1}, {1, 2}}, {{1, 2}, {2, 0}}, {{2, 0}, {3, 0}}, {{4, 4}, {4, 4}}, {{0, 0}, {0, 0}}};
     for (const auto& [from, to] : next) {
-        if (!(from == MakePos(0, 0))) {
-            EXPECT_EQ(NextPos(*buffer, from), to);
-        }
-        if (!(from == MakePos(4, 4))) {
-            EXPECT_EQ(PrevPos(*buffer, to), from);
-        }
+        EXPECT_EQ(from == MakePos(0, 0) ? to : NextPos(*buffer, from), to);
+        EXPECT_EQ(from == MakePos(4, 4) ? from : PrevPos(*buffer, to), from);
     }
 }
 
-TEST_F(TextStoreTest, AllocationFailureChangesNothing) {
-    TestBuffer buffer("abc\ndef");
-    editor.settings.allocator.limitBytes = editor.settings.allocator.totalBytes;
-    EXPECT_EQ(InsertText(*buffer, "x\ny\nz", 0, 1), 0);
-    EXPECT_EQ(InsertText(*buffer, "x", 0, 1), 0);
-    EXPECT_EQ(DeleteRange(*buffer, MakePos(0, 1), MakePos(1, 1)), 0);
-    EXPECT_EQ(GetRangeText(*buffer, MakePos(0, 0), MakePos(1, 0), false), nullptr);
-    editor.settings.allocator.limitBytes = -1;
-    EXPECT_EQ(buffer.Text(), "abc\ndef");
-    EXPECT_EQ(host.boxes.size(), 4u);
-}
-
-TEST_F(TextStoreTest, LineStringHelpersEditInPlace) {
-    char text[256] = "abcdef";
+TEST_F(TextStoreTest, LineStringsAndListsEditInPlaceAndSurviveAFailedAllocation) {
+    char text[256] = "\rab\rcdef\r\n";
+    StripLineEnd(text);
+    RemoveCR(text);
     DeleteLeadingChars(text, 2);
-    OpenGap(text, 3);
-    text[0] = text[1] = text[2] = '-';
-    EXPECT_STREQ(text, "---cdef");
-    ReplacePrefix(text, 3, "+");
-    ReplacePrefix(text, 1, "[[");
-    EXPECT_STREQ(text, "[[cdef");
-    DeleteLeadingChars(text, 9);
-    EXPECT_STREQ(text, "");
-    const std::pair<const char*, const char*> ends[] = {
-        {"text\r\n", "text"}, {"text\n", "text"}, {"text\r", "text\r"}, {"\n", ""}, {"", ""}};
-    for (const auto& [line, stripped] : ends) {
-        char copy[256];
-        std::strcpy(copy, line);
-        StripLineEnd(copy);
-        EXPECT_STREQ(copy, stripped) << line;
+    OpenGap(text, 1);
+    ReplacePrefix(text, 2, "[[");
+    EXPECT_EQ(CopyIndent(text, " \t \vcode", 3), 3);
+    EXPECT_STREQ(text, " \t [[def");
+    for (const char* line : {"\n", "x\r", ""}) {
+        std::strcpy(text, line);
+        StripLineEnd(text);
+        EXPECT_STREQ(text, line[0] == '\n' ? "" : line);
     }
-    char crs[256] = "\ra\rb\r";
-    RemoveCR(crs);
-    EXPECT_STREQ(crs, "ab");
+    EXPECT_EQ(CopyIndent(text, "code", 8), 0);
 
-    char target[256] = "body";
-    EXPECT_EQ(CopyIndent(target, " \t \vcode", 3), 3);
-    EXPECT_STREQ(target, " \t body");
-    EXPECT_EQ(CopyIndent(target, "\t\tx", 8), 2);
-    EXPECT_STREQ(target, "\t\t \t body");
-    EXPECT_EQ(CopyIndent(target, "code", 8), 0);
-}
-
-class LineListTest : public EditorTest {
-  protected:
-    std::string Lines(const LineList* list) {
-        std::string text;
-        for (int32_t i = 0; i < list->lineCount; ++i)
-            text += std::string(list->lineText[i]) + "|";
-        return text;
-    }
-    void FailAllocationsAfter(long bytes) {
-        editor.settings.allocator.limitBytes = editor.settings.allocator.totalBytes + bytes;
-    }
-};
-
-TEST_F(LineListTest, GrowsMakesRoomCopiesAndClears) {
     LineList* list = CreateLineList(2, 1);
-    ASSERT_NE(list, nullptr);
-    EXPECT_EQ(list->readOnly, 1);
     EXPECT_TRUE(IsBufferEmpty(list));
-    for (int i = 0; i < 5; ++i)
-        ASSERT_EQ(AppendLine(list, std::to_string(i)), 0);
-    EXPECT_GT(list->capacity, list->lineCount); // one slot is kept free
-    EXPECT_EQ(Lines(list), "0|1|2|3|4|");
-    ASSERT_EQ(MakeRoom(list, 1, 2), 0);
-    list->lineText[2] = DupString("x", 0);
-    list->lineText[3] = DupString("yz", 1);
-    list->lineCount += 2;
-    EXPECT_EQ(Lines(list), "0|1|x|y|2|3|4|");
+    for (const char* line : {"0", "1", "2", "3"})
+        ASSERT_EQ(AppendLine(list, line), 0);
+    ASSERT_EQ(MakeRoom(list, 1, 1), 0);
+    list->lineText[2] = DupString("xyz", 2); // a length past the text would stop at its end
+    ++list->lineCount;
     LineList* copy = CopyLineList(list, nullptr);
-    ASSERT_NE(copy, nullptr);
-    EXPECT_EQ(Lines(copy), "0|1|x|y|2|3|4|");
-
+    EXPECT_EQ(std::tuple(copy->lineCount, std::string(copy->lineText[2]), copy->lineText[4][0]),
+              std::tuple(5, std::string("xy"), '3'));
     list->modified = list->hasSelection = 1;
     ClearLineList(list);
     EXPECT_EQ(list->lineCount + list->capacity + list->modified + list->hasSelection, 0);
-    EXPECT_EQ(list->lineText, nullptr);
-    // One empty line is an empty buffer, two are not.
     AppendLine(list, "");
-    EXPECT_TRUE(IsBufferEmpty(list));
     AppendLine(list, "");
-    EXPECT_FALSE(IsBufferEmpty(list));
+    EXPECT_FALSE(IsBufferEmpty(list)); // two empty lines are not empty
+
+    // Out of memory: nothing changes, and a copy that fails part-way frees what it made.
+    TestBuffer buffer("abc\ndef");
+    AllocatorStats& stats = editor.settings.allocator;
+    stats.limitBytes = stats.totalBytes;
+    EXPECT_EQ(InsertText(*buffer, "x", 0, 1), 0);
+    EXPECT_EQ(GetRangeText(*buffer, MakePos(0, 0), MakePos(1, 0), false), nullptr);
+    EXPECT_EQ(AppendLine(copy, "more"), 1);
+    stats.limitBytes = stats.totalBytes + static_cast<long>(sizeof(LineList) + 6 * sizeof(char*));
+    EXPECT_EQ(CopyLineList(copy, nullptr), nullptr);
+    stats.limitBytes = -1;
+    EXPECT_EQ(buffer.Text(), "abc\ndef");
+    EXPECT_EQ(copy->lineCount, 5);
     DestroyLineList(copy);
     DestroyLineList(list);
-
-    char* shortCopy = DupString("ab", 10); // a length past the text stops at its end
-    EXPECT_STREQ(shortCopy, "ab");
-    Release(shortCopy);
-    EXPECT_EQ(DupString(nullptr, 3), nullptr);
 }
 
-TEST_F(LineListTest, AllocationFailureLeavesTheListAsItWasAndNoHalfCopy) {
-    LineList* list = CreateLineList(4, 0);
-    for (const char* text : {"one", "two", "three"})
-        AppendLine(list, text);
-    FailAllocationsAfter(0);
-    EXPECT_EQ(CreateLineList(4, 0), nullptr);
-    EXPECT_EQ(AppendLine(list, "more"), 1);
-    EXPECT_TRUE(AllocationFailed());
-    EXPECT_EQ(Lines(list), "one|two|three|");
-    // Room for the new list and its array, not for the lines: the copy fails part-way and
-    // the sanitizer's leak check sees whether the half-made list was freed.
-    FailAllocationsAfter(static_cast<long>(sizeof(LineList)) +
-                         3 * static_cast<long>(sizeof(char*)) + 4);
-    EXPECT_EQ(CopyLineList(list, nullptr), nullptr);
-    editor.settings.allocator.limitBytes = -1;
-    DestroyLineList(list);
-}
-
-using Lines = std::vector<std::string>;
-
-class FileReadingTest : public EditorTest {
-  protected:
-    // Opens a file holding `bytes` and returns the new buffer's lines.
-    Lines Load(const std::string& bytes, const std::string& name = "in.vhd") {
-        const std::string path = folder.File(name);
-        WriteBytes(path, bytes);
-        EXPECT_EQ(openFile(path, 0, 0, KindDocument), 0);
-        return Current() != nullptr ? LinesOf(*Current()) : Lines{};
-    }
-    TempFolder folder;
-};
-
-TEST_F(FileReadingTest, LineEndsPiecesOf254AndTheSizeMessage) {
-    // Other carriage returns stay; a piece of exactly 254 characters leaves its line end to
-    // a piece of its own; like a C line reader, "ab\0cd\n" counts as "ab" without a line end.
-    const std::string q254(254, 'q'), c253(253, 'c');
-    const std::pair<std::string, Lines> cases[] = {
-        {"a\r\nb\r\n", {"a", "b", ""}},
-        {"a\r\nb", {"a", "b"}},
-        {"a\nb\n", {"a", "b", ""}},
-        {"", {""}},
-        {"\n", {"", ""}},
-        {"x\ty\r\n\tz\r\r\nmid\rdle", {"x\ty", "\tz\r", "mid\rdle"}},
-        {q254 + std::string(46, 'q') + "\r\nend", {q254, std::string(46, 'q'), "end"}},
-        {q254 + "\nx", {q254, "", "x"}},
-        {c253 + "\r\n", {c253, "", ""}},
-        {std::string("ab\0cd\nef\n", 9), {"ab", "ef", ""}},
-    };
-    int file = 0;
-    for (const auto& [bytes, lines] : cases) {
-        EXPECT_EQ(Load(bytes, std::to_string(++file) + ".vhd"), lines);
-        EXPECT_EQ(Current()->lines.modified, 0);
-    }
-    EXPECT_EQ(host.busyCursorDepth, 0);
-    EXPECT_EQ(host.ErrorBoxTexts(), "Error(s) reading file '" + folder.File("10.vhd") +
-                                        "'.\nExpected 9 bytes, actually read 5 bytes.\n");
-}
-
-TEST_F(FileReadingTest, UnreadableFileStillOpensAnEmptyBuffer) {
-    // A folder exists, so no question is asked, but it cannot be read as a file.
-    const std::string path = folder.File("sub");
-    std::filesystem::create_directory(path);
-    EXPECT_EQ(openFile(path, 0, 0, KindDocument), 0);
-    ASSERT_NE(Current(), nullptr);
-    EXPECT_EQ(LinesOf(*Current()), (Lines{""}));
-    EXPECT_EQ(Current()->fileName, path);
-}
-
-TEST_F(FileReadingTest, FileTimeIsTheModificationTime) {
-    const std::string path = folder.File("t.vhd");
-    WriteBytes(path, "x");
-    TouchLater(path, 1000);
-    ASSERT_EQ(openFile(path, 0, 0, KindDocument), 0);
-    const auto stamp = std::filesystem::last_write_time(path);
-    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(
-        std::chrono::file_clock::to_sys(stamp).time_since_epoch());
-    EXPECT_EQ(Current()->fileTime, static_cast<int32_t>(seconds.count()));
-}
-
-// The chunk rule as a line-reading call with a 255-character buffer gives it.
+// The pieces a line-reading call with a 255-character buffer gives, as lines.
 Lines ChunkRule(const std::string& path, long& count) {
     Lines lines;
     std::FILE* file = std::fopen(path.c_str(), "rb");
     char piece[ReadChunkLength + 1];
     bool endedWithNewline = true;
-    count = 0;
-    while (std::fgets(piece, sizeof piece, file) != nullptr) {
+    for (count = 0; std::fgets(piece, sizeof piece, file) != nullptr;) {
         size_t length = std::strlen(piece);
         count += static_cast<long>(length);
         endedWithNewline = length > 0 && piece[length - 1] == '\n';
@@ -354,58 +189,50 @@ Lines ChunkRule(const std::string& path, long& count) {
     return lines;
 }
 
-// Lines of 253, 254 and 255 bytes and longer ones, every kind of line end, NUL bytes, lone
-// carriage returns, and sometimes no final line end.
-std::string RandomBytes(std::mt19937& random, int lineCount) {
-    static const int lengths[] = {0, 1, 7, 40, 253, 254, 255, 256, 509};
-    static const char* const ends[] = {"\n", "\r\n", "\r", "\r\r\n", "\n\r"};
+TEST_F(TextStoreTest, FilesAreReadInPiecesOf254WithTheSizeMessage) {
+    // Other carriage returns stay; a piece of exactly 254 characters leaves its line end to
+    // a piece of its own; like a C line reader, "ab\0cd\n" counts as "ab" without a line end.
+    TempFolder folder;
+    const std::string c253(253, 'c');
+    const std::pair<std::string, Lines> cases[] = {
+        {"", {""}},
+        {"x\r\n\tz\r\r\nmid\rdle", {"x", "\tz\r", "mid\rdle"}},
+        {c253 + "\r\n", {c253, "", ""}},
+        {std::string("ab\0cd\nef\n", 9), {"ab", "ef", ""}}};
+    int file = 0;
+    for (const auto& [bytes, lines] : cases) {
+        const std::string path = folder.File(std::to_string(++file) + ".vhd");
+        WriteBytes(path, bytes);
+        ASSERT_EQ(openFile(path, 0, 0, KindDocument), 0);
+        EXPECT_EQ(LinesOf(*Current()), lines);
+        EXPECT_EQ(Current()->lines.modified, 0);
+    }
+    EXPECT_EQ(host.busyCursorDepth, 0);
+    EXPECT_EQ(host.ErrorBoxTexts(), "Error(s) reading file '" + folder.File("4.vhd") +
+                                        "'.\nExpected 9 bytes, actually read 5 bytes.\n");
+    // A folder cannot be read as a file: an empty buffer all the same.
+    std::filesystem::create_directory(folder.File("sub"));
+    EXPECT_EQ(openFile(folder.File("sub"), 0, 0, KindDocument), 0);
+    EXPECT_EQ(LinesOf(*Current()), Lines{""});
+
+    // A file of several read blocks with every kind of line end, and its lines edited away.
     std::string bytes;
-    for (int i = 0; i < lineCount; ++i) {
-        const int length = lengths[random() % std::size(lengths)];
-        for (int k = 0; k < length; ++k) {
-            const unsigned roll = random() % 400;
-            bytes += roll == 0   ? '\0'
-                     : roll < 8  ? '\r'
-                     : roll < 30 ? '\t'
-                                 : "ab z_(x\xe9"[roll % 8];
-        }
-        if (i + 1 < lineCount || random() % 2 == 0) bytes += ends[random() % std::size(ends)];
-    }
-    return bytes;
-}
-
-TEST_F(FileReadingTest, TheReaderGivesWhatTheChunkRuleGivesAndItsLinesEditLikeAnyOthers) {
-    std::mt19937 random(17);
-    const std::string path = folder.File("random.bin");
-    // Small files, and one that spans several of the reader's blocks.
-    for (int file = 0; file < 41; ++file) {
-        WriteBytes(path, RandomBytes(random, file < 40 ? file % 20 : 5000));
-        long expectedCount = 0;
-        const Lines expected = ChunkRule(path, expectedCount);
-        EditBuffer buffer;
-        buffer.lines.growBy = 2; // the slot array grows often, with a gap inside it
-        std::FILE* in = std::fopen(path.c_str(), "rb");
-        EXPECT_EQ(readLines(in, buffer.lines), expectedCount) << file;
-        std::fclose(in);
-        ASSERT_EQ(LinesOf(buffer), expected) << file;
-
-        // Whole lines removed and put in at random places, checked against a plain model.
-        Lines model = expected;
-        for (int step = 0; step < 60; ++step) {
-            const int32_t at = static_cast<int32_t>(random() % model.size());
-            if (random() % 2 == 0 && model.size() > 1) {
-                const int32_t end = at + static_cast<int32_t>(random() % (model.size() - at));
-                ASSERT_EQ(DeleteRange(buffer, MakePos(at, 0), MakePos(end, 0)), 1);
-                model.erase(model.begin() + at, model.begin() + end);
-            } else {
-                const std::string inserted = std::to_string(step) + "\nnew\n";
-                ASSERT_EQ(InsertText(buffer, inserted, at, 0), 1);
-                model.insert(model.begin() + at, {std::to_string(step), "new"});
-            }
-        }
-        EXPECT_EQ(LinesOf(buffer), model) << file;
-        ClearLineList(&buffer.lines);
-    }
+    const char* const ends[] = {"\n", "\r\n", "\r", "\r\r\n", "\n\r", ""};
+    for (int i = 0; i < 5000; ++i)
+        bytes += std::string(i * 37 % 520, "ab\tz\r\0x"[i % 7]) + ends[i % 6];
+    WriteBytes(folder.File("big.bin"), bytes);
+    long count = 0;
+    const Lines expected = ChunkRule(folder.File("big.bin"), count);
+    EditBuffer buffer;
+    buffer.lines.growBy = 2; // the slot array grows often
+    std::FILE* in = std::fopen(folder.File("big.bin").c_str(), "rb");
+    EXPECT_EQ(readLines(in, buffer.lines), count);
+    std::fclose(in);
+    EXPECT_EQ(LinesOf(buffer), expected);
+    ASSERT_EQ(DeleteRange(buffer, MakePos(0, 0), MakePos(buffer.lines.lineCount, 0)), 1);
+    ASSERT_EQ(InsertText(buffer, "new\nlines", 0, 0), 1);
+    EXPECT_EQ(LinesOf(buffer), (Lines{"new", "lines"}));
+    ClearLineList(&buffer.lines);
 }
 
 } // namespace
