@@ -112,6 +112,8 @@ TEST_F(TextStoreTest, RangeTextColumnsAndSteps) {
     EXPECT_EQ(ColumnFromDisplay(*buffer, 0, 2), MakePos(0, 1)); // inside the tab
     EXPECT_EQ(ColumnFromDisplay(*buffer, -3, 40), MakePos(0, 5));
     EXPECT_EQ(ColumnFromDisplay(*buffer, 9, 3), MakePos(4, 3));
+    buffer->visibleLines = 3;
+    EXPECT_EQ(ClampTopLine(*buffer, 5), 2);
     // Steps cross line ends and stop at the ends of the text.
     const std::pair<TextPos, TextPos> next[] = {
         {{1, 1}, {1, 2}}, {{1, 2}, {2, 0}}, {{2, 0}, {3, 0}}, {{4, 4}, {4, 4}}, {{0, 0}, {0, 0}}};
@@ -139,14 +141,14 @@ TEST_F(TextStoreTest, LineStringsAndListsEditInPlaceAndSurviveAFailedAllocation)
 
     LineList* list = CreateLineList(2, 1);
     EXPECT_TRUE(IsBufferEmpty(list));
-    for (const char* line : {"0", "1", "2", "3"})
-        ASSERT_EQ(AppendLine(list, line), 0);
+    for (int i = 0; i < 9; ++i) // past four times the growth the array grows by half
+        ASSERT_EQ(AppendLine(list, std::to_string(i)), 0);
     ASSERT_EQ(MakeRoom(list, 1, 1), 0);
     list->lineText[2] = DupString("xyz", 2); // a length past the text would stop at its end
     ++list->lineCount;
     LineList* copy = CopyLineList(list, nullptr);
     EXPECT_EQ(std::tuple(copy->lineCount, std::string(copy->lineText[2]), copy->lineText[4][0]),
-              std::tuple(5, std::string("xy"), '3'));
+              std::tuple(10, std::string("xy"), '3'));
     list->modified = list->hasSelection = 1;
     ClearLineList(list);
     EXPECT_EQ(list->lineCount + list->capacity + list->modified + list->hasSelection, 0);
@@ -161,11 +163,12 @@ TEST_F(TextStoreTest, LineStringsAndListsEditInPlaceAndSurviveAFailedAllocation)
     EXPECT_EQ(InsertText(*buffer, "x", 0, 1), 0);
     EXPECT_EQ(GetRangeText(*buffer, MakePos(0, 0), MakePos(1, 0), false), nullptr);
     EXPECT_EQ(AppendLine(copy, "more"), 1);
-    stats.limitBytes = stats.totalBytes + static_cast<long>(sizeof(LineList) + 6 * sizeof(char*));
+    stats.limitBytes =
+        stats.totalBytes + static_cast<long>(sizeof(LineList) + 10 * sizeof(char*) + 4);
     EXPECT_EQ(CopyLineList(copy, nullptr), nullptr);
     stats.limitBytes = -1;
     EXPECT_EQ(buffer.Text(), "abc\ndef");
-    EXPECT_EQ(copy->lineCount, 5);
+    EXPECT_EQ(copy->lineCount, 10);
     DestroyLineList(copy);
     DestroyLineList(list);
 }
