@@ -106,8 +106,7 @@ class EngineRandomTest : public EditorTest, public ::testing::WithParamInterface
         for (const char* word : ReservedWords)
             ASSERT_TRUE(vhdl.groups[0].words.Append(word));
         SortKeywords(vhdl.groups[0].words);
-        for (const auto& [name, value] :
-             {std::pair{"ent", "entity"}, std::pair{"slv", "std_logic(7)"}})
+        for (const auto& [name, value] : {std::pair{"ent", "entity"}, std::pair{"slv", "bit(7)"}})
             ASSERT_TRUE(vhdl.expanderNames.Append(name) && vhdl.expanderValues.Append(value));
         buffer->language = &vhdl;
         buffer->visibleLines = 6;
@@ -186,9 +185,7 @@ class EngineRandomTest : public EditorTest, public ::testing::WithParamInterface
                 --from;
             const std::string word = Folded(line.substr(from, caret.column - from));
             LanguageExpand();
-            const std::string value = word == "ent"   ? "entity"
-                                      : word == "slv" ? "std_logic(7)"
-                                                      : "";
+            const std::string value = word == "ent" ? "entity" : word == "slv" ? "bit(7)" : "";
             return value.empty() ? text : Replace(text, MakePos(caret.line, from), caret, value);
         }
         default: { // raw text over a range (typing, deleting, replacing), or a caret move
