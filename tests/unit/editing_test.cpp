@@ -17,6 +17,7 @@
 namespace ruvo {
 namespace {
 
+const char* const TooLong = "Transaction ignored because\nresulting line would become too long. \n";
 constexpr ScrollTarget Show{ScrollShow, ScrollShow};
 constexpr TextPos Origin{0, 0};
 
@@ -35,14 +36,13 @@ class EditingTest : public EditorTest {
 };
 
 TEST_F(EditingTest, CommandsTakeTheirPieceJoinLinesOrRefuseAndUndoRestores) {
-    // {before, command, after}: at the ends nothing is recorded, the last line deleted keeps
-    // its place, a lone line is emptied, a join past 255 bytes is refused, 255 is allowed.
+    // {before, command, after}, beside the keys' plain cases: at the ends nothing is recorded, the
+    // last line deleted keeps its place, a lone line is emptied, a join past 255 bytes is refused,
+    // 255 is allowed.
     const std::string x128(128, 'x'), x127(127, 'x');
     const std::tuple<std::string, int (*)(), std::string> cases[] = {
-        {"a|bc\ndef", DeleteChar, "a|c\ndef"},
         {"abc|\ndef", DeleteChar, "abc|def"},
         {"abc\ndef|", DeleteChar, "abc\ndef|"},
-        {"abc\nde|f", BackspaceChar, "abc\nd|f"},
         {"abc\n|def", BackspaceChar, "abc|def"},
         {"|abc\ndef", BackspaceChar, "|abc\ndef"},
         {"one\ntw|o\nthree", DeleteLine, "one\n|three"},
@@ -55,12 +55,9 @@ TEST_F(EditingTest, CommandsTakeTheirPieceJoinLinesOrRefuseAndUndoRestores) {
         {"x\nnext|", DeleteWord, "x\nnext|"},
         {x128 + "\n|" + x128, BackspaceChar, x128 + "\n|" + x128},
         {x127 + "|\n" + x128, DeleteChar, x127 + "|" + x128},
-        // Return carries the indent up to the caret, then the rest of the line; without
-        // auto-indent it carries nothing.
+        // Return carries the indent up to the caret, then the rest of the line.
         {"\t|  abc", NewLine, "\t\n\t|  abc"},
         {"\t  ab|c", NewLine, "\t  ab\n\t  |c"},
-        {"\tb|", [] { return TheEditor().settings.options.autoIndent = false, NewLine(); },
-         "\tb\n|"},
     };
     for (const auto& [before, command, after] : cases) {
         SCOPED_TRACE(before);
@@ -71,20 +68,24 @@ TEST_F(EditingTest, CommandsTakeTheirPieceJoinLinesOrRefuseAndUndoRestores) {
         static_cast<void>(command());
         EXPECT_EQ(Marked(buffer), after);
         EXPECT_EQ(buffer.LoggedTransactions(), before == after ? 0 : 1);
-        EXPECT_EQ(host.ErrorBoxTexts(),
-                  before == after && before.size() > 200
-                      ? "Transaction ignored because\nresulting line would become too long. \n"
-                      : "");
+        EXPECT_EQ(host.ErrorBoxTexts(), before == after && before.size() > 200 ? TooLong : "");
         EditUndo();
         EXPECT_EQ(buffer.Text(), text);
     }
+    // Without auto-indent, at the bottom of the window: one line of scrolling.
+    TestBuffer buffer("a\n\tb\nc");
+    buffer->visibleLines = 2;
+    buffer.PlaceCaret(1, 2);
+    editor.settings.options.autoIndent = false;
+    NewLine();
+    EXPECT_EQ(Marked(buffer), "a\n\tb\n|\nc");
+    EXPECT_EQ(buffer->topLine, 1);
     // A selection made from the bottom up goes with the caret at its start.
-    TestBuffer buffer("a\nb\nc");
-    buffer.Select(MakePos(2, 1), MakePos(0, 1));
+    buffer.Select(MakePos(3, 1), MakePos(0, 1));
     DeleteSelection();
     DeleteSelection(); // no selection: nothing
     EXPECT_EQ(Marked(buffer), "a|");
-    EXPECT_EQ(buffer.LoggedTransactions(), 1);
+    EXPECT_EQ(buffer.LoggedTransactions(), 2);
 }
 
 // Runs a walk of commands from "line.column", each given as its letter and where it must leave
@@ -129,6 +130,7 @@ TEST_F(EditingTest, MotionsMoveTheCaretAndTheWindowAndNeverTheText) {
         // A word behind a blank or a separator at column 0 leaves the caret at column 0; from
         // column 0 the caret goes to the previous line's end, then to its word.
         {" abc\nabc def", 20, "1.7 w1.4 w1.0 w0.0"},
+        {"a  b", 20, "0.3 w0.0"},
         {"foo_bar\n(x) y", 20, "1.5 w1.4 w1.0 w0.4 w0.0"},
         // Right: the word and the separators after it; the semicolon is skipped to the line
         // end, the underscore like a blank; the end of the document stays put.
