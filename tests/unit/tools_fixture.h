@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "docs/documents.h"
@@ -12,6 +13,8 @@
 #include "tools/result_window.h"
 
 namespace ruvo {
+
+using Marks = std::vector<std::pair<int32_t, int32_t>>; // source line and kind of entries
 
 class ToolsTest : public EditorTest {
   protected:
@@ -30,11 +33,24 @@ class ToolsTest : public EditorTest {
         EditBuffer* result = OpenResultBuffer();
         return result != nullptr ? LinesOf(*result) : std::vector<std::string>{};
     }
-    std::string StatusPane(int pane) const { return host.statusPanes[pane]; }
+    // "command line|directory" of the last program run.
+    std::string LastRun() const {
+        if (host.processRuns.empty()) return "none";
+        return host.processRuns.back().commandLine + "|" + host.processRuns.back().directory;
+    }
     // The selected text, through the clipboard.
     std::string SelectedText() {
         (void)EditCopy();
         return host.clipboard.value_or("");
+    }
+    // The margin's markers of a window.
+    Marks Markers(const EditBuffer& buffer) {
+        Marks markers;
+        MarginError entry;
+        for (int32_t i = 0; editor.engine.display.errorSource(buffer, i, entry); ++i)
+            if (entry.resultLine >= 0 && entry.sourceLine > 0)
+                markers.emplace_back(entry.sourceLine, entry.kind);
+        return markers;
     }
     // User tool n as the profile names it.
     void Define(int n, const std::string& name, const std::string& executable = "",
