@@ -1,20 +1,51 @@
-// The ToolResult window and its error list: the header, output joined from pieces, reuse, start
-// failures, result files, which lines become entries, stepping with NextError and PrevError,
-// the caret of the result window, the margin markers and the error commands' state.
+// The ToolResult window and the compiles that fill it: output joined from pieces, reuse, start
+// failures, result files; V-System and Leonardo runs with their command lines, parsers and
+// settings; the error list they make, stepped with NextError and PrevError, and its markers.
 #include "tools/result_window.h"
 
 #include "commands/command_table.h"
 #include "engine/edit_input.h"
 #include "engine/transaction_log.h"
+#include "settings/path_names.h"
+#include "settings/settings_io.h"
 #include "tools/error_list.h"
+#include "tools/leonardo.h"
+#include "tools/message_parsers.h"
 #include "tools/tool_commands.h"
+#include "tools/vsystem.h"
 #include "tools_fixture.h"
 
 namespace ruvo {
 namespace {
 
 using Lines = std::vector<std::string>;
-using ResultWindowTest = ToolsTest;
+
+class ResultWindowTest : public ToolsTest {
+  protected:
+    // A 20-line source, changed on disk, compiled into this output (result lines counted from
+    // the header's 4): entries on result lines 4 (source 5), 6 (9, warning), 9 (5), 10 (0) and
+    // 12 (99).
+    EditBuffer& Compile() {
+        std::string text;
+        for (int i = 1; i <= 20; ++i)
+            text += "line " + std::to_string(i) + "\n";
+        EditBuffer& source = OpenSource("alu.vhd", text);
+        WriteBytes(source.fileName, "changed on disk");
+        editor.tools.vsystem.executable = "C:\\vsys\\vcom.exe";
+        Prints({"-- Compiling entity alu\r\n", "ERROR: alu.vhd(5): Unknown identifier\r\n",
+                "ERROR: alu.vhd(5): Same line again\r\n###### alu.vhd(9): Warning: unused\r\n",
+                "** Error: alu.vhd(11): not ours\r\nERROR: no parenthesis\r\n",
+                "ERROR: alu.vhd(5): back again\r\nERROR: alu.vhd(): no digits\r\n",
+                "error: alu.vhd(7)\r\nERROR: alu.vhd(99): beyond the end\r\n"});
+        EXPECT_EQ(VsystemVHDL(), 1);
+        return source;
+    }
+    int CaretLine() { return OpenResultBuffer()->cursor.line; }
+    bool ErrorCommandsEnabled() {
+        return host.enabledCommands[CommandIndexOfHandler(NextError)] &&
+               host.enabledCommands[CommandIndexOfHandler(PrevError)];
+    }
+};
 
 TEST_F(ResultWindowTest, OutputPiecesBecomeLinesAfterTheHeader) {
     const std::string x254(254, 'x');
@@ -40,25 +71,19 @@ TEST_F(ResultWindowTest, OutputPiecesBecomeLinesAfterTheHeader) {
     EXPECT_TRUE(host.boxes.empty()) << host.ErrorBoxTexts();
 }
 
-TEST_F(ResultWindowTest, TheWindowIsReusedUntilClosed) {
-    Prints({"first\n"});
+TEST_F(ResultWindowTest, TheWindowIsReusedUntilClosedAndAStartFailureLeavesTheHeader) {
     runWithResultWindow("Result of tool 'a'.", "a", ".", ErrorMode::None);
     EditBuffer* result = OpenResultBuffer();
     ASSERT_NE(result, nullptr);
-    EXPECT_STREQ(result->fileName, "ToolResult");
-
-    // A program that cannot start leaves the header.
     host.processScripts.push_back({false, {}});
     EXPECT_EQ(runWithResultWindow("Result of tool 'b'.", "C:\\no.exe -q", ".", ErrorMode::None), 1);
     EXPECT_EQ(host.ErrorBoxTexts(), "Can not create process 'C:\\no.exe -q'\n");
     EXPECT_EQ(OpenResultBuffer(), result);
     EXPECT_EQ(host.windowTitles[result], "Result of tool 'b'.");
-    EXPECT_EQ(host.activatedWindows.back(), result);
     // Only caret moves were recorded since the window was emptied: undo brings back no text.
     while (UndoTransaction() == 0) {
     }
     EXPECT_EQ(ResultLines(), (Lines{"", "C:\\no.exe -q", "", ""}));
-
     closeBuffer(*result);
     runWithResultWindow("Result", "c", ".", ErrorMode::None);
     EXPECT_EQ(host.createdWindows.size(), 2u);
@@ -82,33 +107,73 @@ TEST_F(ResultWindowTest, AResultFileIsShownAndReadForErrors) {
     EXPECT_EQ(host.createdWindows.size(), 2u); // the source and one result window
 }
 
-class ErrorListTest : public ToolsTest {
-  protected:
-    // A 20-line source compiled into this output (result lines counted from the header's 4):
-    // entries on result lines 4 (source 5), 6 (9, warning), 9 (5), 10 (0) and 12 (99).
-    EditBuffer& Compile() {
-        std::string text;
-        for (int i = 1; i <= 20; ++i)
-            text += "line " + std::to_string(i) + "\n";
-        EditBuffer& source = OpenSource("alu.vhd", text);
-        editor.tools.sourceBuffer = &source;
-        Prints({"-- Compiling entity alu\r\n", "ERROR: alu.vhd(5): Unknown identifier\r\n",
-                "ERROR: alu.vhd(5): Same line again\r\n###### alu.vhd(9): Warning: unused\r\n",
-                "** Error: alu.vhd(11): not ours\r\nERROR: no parenthesis\r\n",
-                "ERROR: alu.vhd(5): back again\r\nERROR: alu.vhd(): no digits\r\n",
-                "error: alu.vhd(7)\r\nERROR: alu.vhd(99): beyond the end\r\n"});
-        runWithResultWindow("V-System compiler", "vcom alu.vhd", "", ErrorMode::Vsystem);
-        return source;
-    }
-    int CaretLine() { return OpenResultBuffer()->cursor.line; }
-    bool ErrorCommandsEnabled() {
-        return host.enabledCommands[CommandIndexOfHandler(NextError)] &&
-               host.enabledCommands[CommandIndexOfHandler(PrevError)];
-    }
-};
+TEST_F(ResultWindowTest, VsystemCommandLinesPutEveryPieceInPlace) {
+    const VsystemSettings defaults;
+    VsystemSettings all;
+    all.library = "mylib";
+    all.vcomLine = all.vlogLine = "12abc";
+    all.vcomOptions = all.vlogOptions = "-q";
+    all.stdLogicOpt = false;
+    all.convUpCase = all.hazard = true;
+    VsystemSettings none;
+    none.vcomLine = none.vlogLine = "x12";
+    none.vhdl93 = none.explicitFunctions = false;
+    const struct {
+        const VsystemSettings* settings;
+        int mode;
+        const char* expected;
+    } cases[] = {
+        {&none, ModeVcom, "D:\\vcom -work work  alu.vhd"},
+        {&all, ModeVcom, "D:\\vcom -work mylib -no1164 -explicit -93  -line 12abc  -q alu.vhd"},
+        {&none, ModeVlog, "D:\\vlog  -work work  alu.vhd"},
+        {&all, ModeVlog, "D:\\vlog  -work mylib -u -hazards  -line 12abc  -q alu.vhd"},
+        {&all, ModeCreateLibrary, "D:\\vlib C:\\libs\\work"},
+        {&defaults, ModeListMappings, "D:\\vmap"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(buildVsystemCommand(*c.settings, "C:\\libs\\work", c.mode, "D:\\", "alu.vhd"),
+                  c.expected);
+    EXPECT_EQ(vsystemToolDirectory("C:vcom.exe") + vsystemToolDirectory("vcom.exe"), "C:\\");
+    EXPECT_EQ(compilerFileName("C:\\My Designs\\my alu.vhd"), "\"my alu.vhd\"");
+}
 
-TEST_F(ErrorListTest, MessagesBecomeEntriesOncePerPlaceAndSteppingSelectsThemWithoutWrapping) {
+TEST_F(ResultWindowTest, ParsersFindTheSourceLine) {
+    const struct {
+        int32_t (*parse)(std::string_view, std::string_view);
+        const char* line;
+        int32_t expected;
+    } cases[] = {
+        {parseVsystemLine, "ERROR: C:\\x(y)\\alu.vhd(12)", 0},
+        {parseVsystemLine, "ERROR: alu.vhd(99999999999)", INT32_MAX},
+        {parseLeonardoLine, "\"alu.vhd\", line 3: Warning, x", 3},
+        {parseLeonardoLine, "C:/rtl/alu.vhd\",line 42: Error", -1},
+        {parseLeonardoLine, "\"alu_pkg.vhd\",line 42: Error", -1},
+        {parseLeonardoLine, "\"line 9 in alu.vhd\"", -1},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(c.parse(c.line, "alu.vhd"), c.expected) << c.line;
+}
+
+TEST_F(ResultWindowTest, VsystemSettingsHaveTheirDefaultsAndTheirPlaceInTheProfile) {
+    host.SetProfile("Vsystem", "Timeout", "12345"); // kept to 3 characters
+    host.SetProfile("Vsystem", "Hazard", "yes");
+    LoadSettings();
+    const VsystemSettings& v = editor.tools.vsystem;
+    EXPECT_EQ(v.windowClass + v.library + v.timeout, "VsystemWClasswork123");
+    EXPECT_TRUE(v.stdLogicOpt && v.vhdl93 && v.explicitFunctions && v.hazard && !v.convUpCase);
+    SaveSettings();
+    EXPECT_EQ(host.ProfileValue("Vsystem", "StdLogicOpt"), "yes");
+}
+
+TEST_F(ResultWindowTest, ACompileMakesEntriesOncePerPlaceAndSteppingSelectsThemWithoutWrapping) {
+    EXPECT_EQ(VsystemVHDL(), 1); // without a path nothing runs
+    EXPECT_EQ(host.ErrorBoxTexts(), "Please set the path to the Vsystem directory\nusing the "
+                                    "Options->Vsystem dialog window.\n");
+    EXPECT_EQ(host.boxes.at(0).caption, "vcom.exe executable path is empty.");
     EditBuffer& source = Compile();
+    const std::string directory = DirectoryPart(source.fileName).value();
+    EXPECT_EQ(ReadBytes(source.fileName).substr(0, 16), "line 1\r\nline 2\r\n"); // saved
+    EXPECT_EQ(LastRun(), "C:\\vsys\\vcom -work work -explicit -93  alu.vhd|" + directory);
     EditBuffer* result = OpenResultBuffer();
     EXPECT_EQ(Markers(source),
               (Marks{{5, KindError}, {9, KindWarning}, {5, KindError}, {99, KindError}}));
@@ -136,21 +201,27 @@ TEST_F(ErrorListTest, MessagesBecomeEntriesOncePerPlaceAndSteppingSelectsThemWit
             EXPECT_EQ(host.statusPanes[3], result->lines.lineText[step.caretLine]);
         }
     }
-    // Below the last message PrevError takes the last one.
-    result->cursor = MakePos(14, 0);
+    result->cursor = MakePos(14, 0); // below the last message PrevError takes the last one
     PrevError();
     EXPECT_EQ(CaretLine(), 12);
+
+    // The result window is not a language file; the library modes run from it all the same.
+    editor.engine.currentBuffer = result;
+    EXPECT_EQ(VsystemVerilog(), 0);
+    EXPECT_EQ(host.statusPanes[4], "Active window is not a language file.");
+    editor.tools.libraryDirectory = "C:\\lib";
+    EXPECT_EQ(compileWithVsystem(ModeMapLibrary), 1);
+    EXPECT_EQ(LastRun(), "C:\\vsys\\vmap work C:\\lib|" + directory);
+    EXPECT_FALSE(hasErrorList());
 }
 
-TEST_F(ErrorListTest, TheSourceFollowsTheCaretOfTheResultWindow) {
+TEST_F(ResultWindowTest, TheSourceFollowsTheCaretOfTheResultWindow) {
     EditBuffer& source = Compile();
     EditBuffer& result = *OpenResultBuffer();
     result.cursor = MakePos(5, 0);
     HandleKey(result, KeyDown, false, false); // onto the warning: shown, not activated
     EXPECT_EQ(source.cursor.line, 8);
     EXPECT_EQ(editor.engine.currentBuffer, &result);
-    HandleKey(result, KeyDown, false, false); // onto a line that is no entry: the source stays
-    EXPECT_EQ(source.cursor.line, 8);
     result.cursor = MakePos(9, 3);
     CharacterEntered(result, '\r'); // Return goes to the source
     EXPECT_EQ(source.cursor.line, 4);
@@ -162,12 +233,11 @@ TEST_F(ErrorListTest, TheSourceFollowsTheCaretOfTheResultWindow) {
     EXPECT_EQ(host.statusTexts.back().beep, true);
 }
 
-TEST_F(ErrorListTest, MarkersAndCommandsLastAsLongAsTheResultWindow) {
+TEST_F(ResultWindowTest, MarkersAndCommandsLastAsLongAsTheResultWindow) {
     EditBuffer& source = Compile();
     EXPECT_TRUE(Markers(OpenSource("other.vhd", "x\ny\n")).empty()); // other windows show none
     // A tool run forgets the errors of the compile before it.
     runWithResultWindow("Result of tool 't'.", "t", ".", ErrorMode::None);
-    EXPECT_FALSE(hasErrorList());
     EXPECT_TRUE(Markers(source).empty());
 
     Compile();
@@ -181,6 +251,23 @@ TEST_F(ErrorListTest, MarkersAndCommandsLastAsLongAsTheResultWindow) {
     UpdateCommandStates();
     EXPECT_FALSE(hasErrorList());
     EXPECT_FALSE(ErrorCommandsEnabled());
+}
+
+TEST_F(ResultWindowTest, LeonardoWritesItsScriptAndRemovesItOnlyFromTheCurrentDirectory) {
+    EditBuffer& source = OpenSource("alu.vhd", "a\nb\nc\n");
+    const std::string script = folder.File("leonardo.script");
+    for (const bool current : {true, false}) {
+        host.currentDirectory = current ? DirectoryPart(source.fileName).value() : "C:\\elsewhere";
+        editor.engine.currentBuffer = &source;
+        Prints({"\"C:/rtl/alu.vhd\",line 3: Error, x\n"});
+        EXPECT_EQ(LeonardoCompile(), 0);
+        EXPECT_EQ(host.processRuns.back().commandLine, "elsyn -file leonardo.script");
+        EXPECT_EQ(Markers(source), (Marks{{3, KindError}}));
+        EXPECT_EQ(std::filesystem::exists(script), !current);
+    }
+    EXPECT_EQ(ReadBytes(script), "analyze -work work alu.vhd\n");
+    EXPECT_EQ(LeonardoCompile(), 1); // the result window is refused
+    EXPECT_EQ(SynplifyVhdl() + SynplifyVerilog(), 0);
 }
 
 } // namespace
