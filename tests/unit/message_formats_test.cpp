@@ -22,14 +22,13 @@ std::string Read(MessageReader& reader, std::string_view line) {
            "EWN"[static_cast<int>(at->severity)];
 }
 
-// "index entry " for every line that is an entry.
+// The entries among the lines, each followed by a blank.
 std::string Entries(const MessageFormats& formats, std::string_view name,
                     const std::vector<std::string>& lines) {
     MessageReader reader(formats, name);
     std::string entries;
-    for (size_t i = 0; i < lines.size(); ++i)
-        if (const std::string entry = Read(reader, lines[i]); !entry.empty())
-            entries += std::to_string(i) + " " + entry + " ";
+    for (const std::string& line : lines)
+        if (const std::string entry = Read(reader, line); !entry.empty()) entries += entry + " ";
     return entries;
 }
 
@@ -38,22 +37,16 @@ std::vector<std::string> MergedOutput(const std::string& name) {
     std::ifstream in(SourcePath("tests/fixtures/compiler-output/outputs/" + name));
     std::vector<std::string> lines;
     bool inside = false;
-    for (std::string line; std::getline(in, line);) {
+    for (std::string line; std::getline(in, line);)
         if (line.starts_with("### ----- "))
             inside = line.starts_with("### ----- merged");
         else if (inside)
             lines.push_back(line);
-    }
-    EXPECT_FALSE(lines.empty()) << name;
     return lines;
 }
 
-MessageFormats ShippedFormats() {
-    return ReadMessageFormats(SourcePath("config/messages.ini"));
-}
-
 TEST_F(MessageFormatsTest, EveryLocationOfCapturedOutputIsFoundAndNoContinuationLine) {
-    const MessageFormats formats = ShippedFormats();
+    const MessageFormats formats = ReadMessageFormats(SourcePath("config/messages.ini"));
     EXPECT_TRUE(ReportedLines(editor).empty());
     const struct {
         const char* output;
@@ -61,16 +54,16 @@ TEST_F(MessageFormatsTest, EveryLocationOfCapturedOutputIsFoundAndNoContinuation
         std::string entries;
     } cases[] = {
         {"ghdl_a__many_errors.txt", "ghdl",
-         "0 many_errors.vhd:4:25E 3 many_errors.vhd:5:21E 6 many_errors.vhd:7:8E "
-         "9 many_errors.vhd:8:8E 12 many_errors.vhd:9:3E 15 many_errors.vhd:9:8E "},
-        {"ghdl_a__warnings_default.txt", "GHDL", "0 warnings.vhd:25:5W "},
+         "many_errors.vhd:4:25E many_errors.vhd:5:21E many_errors.vhd:7:8E "
+         "many_errors.vhd:8:8E many_errors.vhd:9:3E many_errors.vhd:9:8E "},
+        {"ghdl_a__warnings_default.txt", "GHDL", "warnings.vhd:25:5W "},
         {"iverilog__many_errors.txt", "Icarus",
-         "0 many_errors.v:3:0E 1 many_errors.v:4:0E 2 many_errors.v:4:0E 3 many_errors.v:5:0E "
-         "4 many_errors.v:5:0E 5 many_errors.v:6:0E "},
+         "many_errors.v:3:0E many_errors.v:4:0E many_errors.v:4:0E many_errors.v:5:0E "
+         "many_errors.v:5:0E many_errors.v:6:0E "},
         {"verilator__warnings_default.txt", "Verilator",
-         "0 warnings.v:5:15W 6 warnings.v:6:12W 10 warnings.v:8:7W 14 warnings.v:9:12W "},
+         "warnings.v:5:15W warnings.v:6:12W warnings.v:8:7W warnings.v:9:12W "},
         {"yosys_q__many_errors.txt", "Yosys",
-         "0 many_errors.v:3:10W 1 many_errors.v:6:13W 2 many_errors.v:4:0W 3 many_errors.v:5:0W "},
+         "many_errors.v:3:10W many_errors.v:6:13W many_errors.v:4:0W many_errors.v:5:0W "},
         {"yosys_q__warnings_check.txt", "Yosys", ""},
     };
     for (const auto& c : cases) {
@@ -80,8 +73,10 @@ TEST_F(MessageFormatsTest, EveryLocationOfCapturedOutputIsFoundAndNoContinuation
     }
 }
 
+// Rows of one format are read in turn: Questa's run-time lines take the severity of the
+// heading before them.
 TEST_F(MessageFormatsTest, WrittenLinesOfOtherToolsAndOtherPaths) {
-    const MessageFormats formats = ShippedFormats();
+    const MessageFormats formats = ReadMessageFormats(SourcePath("config/messages.ini"));
     const struct {
         const char* format;
         const char* line;
@@ -89,50 +84,35 @@ TEST_F(MessageFormatsTest, WrittenLinesOfOtherToolsAndOtherPaths) {
     } cases[] = {
         {"Questa", "** Error (suppressible): C:\\My Designs\\alu.vhd(7): (vcom-1246) Range",
          "C:\\My Designs\\alu.vhd:7:0E"},
-        {"Questa", "# ** Error: (vlog-13069) C:/proj/a.v(12): near \"endmodule\": syntax error",
-         "C:/proj/a.v:12:0E"},
+        {"Questa", "# ** Error: (vlog-13069) C:/proj/a.v(12): near", "C:/proj/a.v:12:0E"},
         {"Questa", "# ** Note: $finish    : C:/Program Files (x86)/tb.v(35)",
          "C:/Program Files (x86)/tb.v:35:0N"},
-        {"Questa", "# ** Error: (vcom-11) Could not find work.alu.", ""},
+        {"Questa", "# ** Note: start", ""},
+        {"Questa", "#    Time: 5 ns  Process: /tb/p File: C:/tb.vhd Line: 20", "C:/tb.vhd:20:0N"},
+        {"Questa", "# ** Failure: Simulation finished", ""},
+        {"Questa", "#    Time: 1 us  Iteration: 0  Process: /tb/stim File: C:/tb.vhd", ""},
+        {"Questa", "# Break in Process stim at C:/tb.vhd line 43", "C:/tb.vhd:43:0E"},
         {"Vivado", "ERROR: [VRFC 10-91] 'q' is not declared [\"C:/my proj/top.vhd\":12]",
          "C:/my proj/top.vhd:12:0E"},
-        {"Vivado", "CRITICAL WARNING: [VRFC 10-3] bus x[7:0] is wider [C:\\p\\a.v:9]",
-         "C:\\p\\a.v:9:0W"},
-        {"Vivado", "INFO: [VRFC 10-311] analyzing module top", ""},
-        {"Quartus", "Error (10161): at top.v(7): not declared File: /proj/top.v Line: 7",
-         "/proj/top.v:7:0E"},
-        {"Quartus", "  Critical Warning (10230): truncated File: C:/My Work/top.vhd Line: 12",
+        {"Vivado", "CRITICAL WARNING: [VRFC 10-3] bus x[7:0] [C:\\p\\a.v:9]", "C:\\p\\a.v:9:0W"},
+        {"Quartus", "Error (10161): at top.v(7): no File: /proj/top.v Line: 7", "/proj/top.v:7:0E"},
+        {"Quartus", "  Critical Warning (10230): x File: C:/My Work/top.vhd Line: 12",
          "C:/My Work/top.vhd:12:0W"},
-        {"Quartus", "Info (12023): Found entity 1: top File: C:/proj/top.v Line: 1", ""},
         {"GHDL", "C:\\my proj\\tb.vhd:20:5:@10ns:(assertion failure): done",
          "C:\\my proj\\tb.vhd:20:5E"},
-        {"GHDL", "tb.vhd:12:3:@0ms:(report note): hello", "tb.vhd:12:3N"},
         {"GHDL", "./tb:error: bound check failure at tb.vhd:15", "tb.vhd:15:0E"},
-        {"GHDL", "  from: process work.tb(behav).p at tb.vhd:15", ""},
-        {"Icarus", "ERROR: tb.v:8: check failed", "tb.v:8:0E"},
         {"Icarus", "tb.v:15: $finish called at 100 (1s)", "tb.v:15:0N"},
         {"Verilator", "%Error-PINNOTFOUND: C:/proj/top.v:12:5: Pin not found",
          "C:/proj/top.v:12:5E"},
-        {"Verilator", "                      a.v:7:5: ... Location of first driving block", ""},
     };
+    MessageReader all(formats, AllFormatsName);
+    MessageReader own(formats, "");
+    std::string_view ownName;
     for (const auto& c : cases) {
-        for (std::string_view name : {std::string_view(c.format), AllFormatsName}) {
-            MessageReader reader(formats, name);
-            EXPECT_EQ(Read(reader, c.line), c.entry) << name << ": " << c.line;
-        }
+        if (ownName != c.format) own = MessageReader(formats, ownName = c.format);
+        EXPECT_EQ(Read(own, c.line), c.entry) << c.line;
+        EXPECT_EQ(Read(all, c.line), c.entry) << "auto: " << c.line;
     }
-}
-
-TEST_F(MessageFormatsTest, RunTimeMessagesTakeTheSeverityOfTheirHeading) {
-    const std::vector<std::string> transcript = {
-        "# ** Note: start",
-        "#    Time: 5 ns  Iteration: 0  Process: /tb/p File: C:/proj/tb.vhd Line: 20",
-        "# ** Failure: Simulation finished",
-        "#    Time: 1 us  Iteration: 0  Process: /tb/stim File: C:/proj/tb.vhd",
-        "# Break in Process stim at C:/proj/tb.vhd line 43",
-    };
-    EXPECT_EQ(Entries(ShippedFormats(), "Questa", transcript),
-              "1 C:/proj/tb.vhd:20:0N 4 C:/proj/tb.vhd:43:0E ");
 }
 
 TEST_F(MessageFormatsTest, FaultyRuleLinesAreReportedAndTheRestIsKept) {
@@ -181,13 +161,11 @@ TEST_F(MessageFormatsTest, FaultyRuleLinesAreReportedAndTheRestIsKept) {
 TEST(MessageLocationTest, PathsAndColumns) {
     EXPECT_EQ(ResolveMessagePath("C:\\proj", "a.vhd"), "C:\\proj\\a.vhd");
     EXPECT_EQ(ResolveMessagePath("C:\\proj\\", "./sub/a.v"), "C:\\proj\\sub/a.v");
-    EXPECT_EQ(ResolveMessagePath("C:\\proj", "D:/other/a.v"), "D:/other/a.v");
     EXPECT_EQ(ResolveMessagePath("/home/me/proj", "a.v"), "/home/me/proj/a.v");
     EXPECT_EQ(ResolveMessagePath(".", "a.v"), "a.v");
 
     EXPECT_EQ(CleanPath("C:/proj/./sub\\../a b.vhd"), "C:/proj/a b.vhd");
     EXPECT_EQ(CleanPath("\\\\server/share//x/../a.v"), "\\\\server\\share\\a.v");
-    EXPECT_EQ(CleanPath("C:\\..\\a.v"), "C:\\a.v");
     EXPECT_EQ(CleanPath("..\\../a.v"), "..\\..\\a.v");
     EXPECT_TRUE(SameFilePath("C:\\Proj\\A.vhd", "c:/proj/a.vhd"));
     EXPECT_FALSE(SameFilePath("C:\\a.vhd", "D:\\a.vhd"));
@@ -195,7 +173,6 @@ TEST(MessageLocationTest, PathsAndColumns) {
     // GHDL counts a tab to the next multiple of 8, others count it as one column.
     EXPECT_EQ(ColumnToByte("\tq <= r;", 9, 8), 1);
     EXPECT_EQ(ColumnToByte("  \tx", 5, 8), 2);
-    EXPECT_EQ(ColumnToByte("\tq <= r;", 2, 1), 1);
     EXPECT_EQ(ColumnToByte("abc", 40, 1), 3);
 }
 

@@ -8,7 +8,6 @@
 #include "docs/documents.h"
 #include "document_files.h"
 #include "editor_fixture.h"
-#include "engine/clipboard_commands.h"
 #include "engine/edit_buffer.h"
 #include "tools/result_window.h"
 
@@ -29,19 +28,10 @@ class ToolsTest : public EditorTest {
     void Prints(std::vector<std::string> pieces) {
         host.processScripts.push_back({true, std::move(pieces)});
     }
-    std::vector<std::string> ResultLines() {
-        EditBuffer* result = OpenResultBuffer();
-        return result != nullptr ? LinesOf(*result) : std::vector<std::string>{};
-    }
     // "command line|directory" of the last program run.
     std::string LastRun() const {
         if (host.processRuns.empty()) return "none";
         return host.processRuns.back().commandLine + "|" + host.processRuns.back().directory;
-    }
-    // The selected text, through the clipboard.
-    std::string SelectedText() {
-        (void)EditCopy();
-        return host.clipboard.value_or("");
     }
     // The margin's markers of a window.
     Marks Markers(const EditBuffer& buffer) {
