@@ -85,7 +85,6 @@ TEST(PageGridTest, MarginsStayInsideThePrintableArea) {
     // a margin that would leave fewer than 20 columns is narrowed.
     EXPECT_EQ(ComputePageGrid(letter, 8), (PageGrid{125, 75, 25, 42, 88, 71}));
     EXPECT_EQ(ComputePageGrid(letter, 200), (PageGrid{1825, 75, 25, 42, 20, 71}));
-    EXPECT_EQ(ComputePageGrid(PrinterMetrics{}, 8), (PageGrid{0, 0, 1, 1, 1, 1}));
     EXPECT_EQ(ComputePageGrid({2550, 3300, 0, 0, 2550, 3300, 300, 300, 25, 42}, 0),
               (PageGrid{0, 150, 25, 42, 96, 71}));
 }
