@@ -123,6 +123,7 @@ TEST_F(MessageFormatsTest, FaultyRuleLinesAreReportedAndTheRestIsKept) {
         {"severity Err = error", false},
         {"message {severity}: {file}({line}) {any}", false},
         {"warning line {line} of {file}", false}, // the path may end the line
+        {"error at {file} line {line}{? col 1}: {any}", false},
         {"[mine]", true},                         // given twice
         {"error {file}:{line}", false},
         {"[auto]", true},
@@ -144,6 +145,7 @@ TEST_F(MessageFormatsTest, FaultyRuleLinesAreReportedAndTheRestIsKept) {
     MessageReader reader(formats, "MINE");
     EXPECT_EQ(Read(reader, "Err: C:/a b/c.v(3) oops"), "C:/a b/c.v:3:0E");
     EXPECT_EQ(Read(reader, "line 4 of C:/d.v"), "C:/d.v:4:0W");
+    EXPECT_EQ(Read(reader, "at e.v line 5: x"), "e.v:5:0E"); // a literal after an optional part
     EXPECT_FALSE(MessageReader(formats, "other").Reads());
 
     (void)ReadMessageFormats(std::string("/nonexistent/messages.ini"));

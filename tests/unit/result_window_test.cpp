@@ -192,6 +192,8 @@ TEST_F(ResultWindowTest, TheSourceFollowsTheCaretOfTheResultWindow) {
     HandleKey(result, KeyDown, false, false); // onto the warning: shown, not activated
     EXPECT_EQ(source.cursor.line, 8);
     EXPECT_EQ(editor.engine.currentBuffer, &result);
+    HandleKey(result, KeyDown, false, false); // onto a line that is no entry: the source stays
+    EXPECT_EQ(source.cursor.line, 8);
     result.cursor = MakePos(9, 3);
     CharacterEntered(result, '\r'); // Return goes to the source
     EXPECT_EQ(source.cursor.line, 4);
