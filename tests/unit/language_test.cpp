@@ -173,6 +173,7 @@ TEST_F(LanguageTest, DialogStoresFieldsAtOnceAndCancelBringsTheTableBack) {
     editor.engine.currentBuffer = buffers[0];
     LanguageOptions();
     EXPECT_EQ(Dialog().languages->value, 1) << "the active buffer's language is shown";
+    EXPECT_EQ(GlGadgetGetText(*Dialog().colorParts[0]), "0") << "with its text colour";
     Press(Dialog().languages, 2);
     host.TypeText(*Dialog().extensions, " *.vhd; .sv|*.v\t");
     Press(Dialog().extensions);

@@ -53,6 +53,7 @@ TEST_F(SearchTest, MatchesFollowTheCaseAndWholeWordRulesWhereTheyStart) {
     const std::tuple<const char*, bool, bool, TextRange, std::optional<TextPos>> cases[] = {
         {"clk", false, true, {{0, 1}, {3, 8}}, TextPos{1, 11}}, // not in clk_en
         {"clk", false, true, {{1, 12}, {3, 8}}, std::nullopt},  // not in sysclk
+        {"ysclk", false, true, {{2, 0}, {3, 8}}, std::nullopt}, // nor after its first letter
         {"clk", false, false, {{1, 12}, {3, 8}}, TextPos{2, 3}},
         {"Signal", true, false, {{0, 0}, {3, 8}}, std::nullopt},
         {"CLK", false, false, {{2, 2}, {0, 0}}, TextPos{1, 11}},
