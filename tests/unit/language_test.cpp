@@ -2,9 +2,9 @@
 // entries), language options files on disk, and the language dialog.
 #include <sstream>
 
+#include "dialogs/gadget_dialog.h"
 #include "docs/documents.h"
 #include "editor_fixture.h"
-#include "dialogs/gadget_dialog.h"
 #include "engine/edit_buffer.h"
 #include "lang/language_dialog.h"
 #include "lang/language_edits.h"

@@ -124,7 +124,7 @@ TEST_F(MessageFormatsTest, FaultyRuleLinesAreReportedAndTheRestIsKept) {
         {"message {severity}: {file}({line}) {any}", false},
         {"warning line {line} of {file}", false}, // the path may end the line
         {"error at {file} line {line}{? col 1}: {any}", false},
-        {"[mine]", true},                         // given twice
+        {"[mine]", true}, // given twice
         {"error {file}:{line}", false},
         {"[auto]", true},
     };
