@@ -162,6 +162,9 @@ TEST(MessageLocationTest, PathsAndColumns) {
     EXPECT_EQ(CleanPath("C:/proj/./sub\\../a b.vhd"), "C:/proj/a b.vhd");
     EXPECT_EQ(CleanPath("\\\\server/share//x/../a.v"), "\\\\server\\share\\a.v");
     EXPECT_EQ(CleanPath("..\\../a.v"), "..\\..\\a.v");
+    EXPECT_EQ(CleanPath("C:\\..\\a.v"), "C:\\a.v"); // ".." at the root stays there
+    EXPECT_EQ(CleanPath("x/../../a.v"), "../a.v");
+    EXPECT_EQ(ResolveMessagePath("C:\\p", "./.\\a.v"), "C:\\p\\a.v");
     EXPECT_TRUE(SameFilePath("C:\\Proj\\A.vhd", "c:/proj/a.vhd"));
     EXPECT_FALSE(SameFilePath("C:\\a.vhd", "D:\\a.vhd"));
 

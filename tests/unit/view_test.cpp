@@ -188,6 +188,8 @@ TEST_F(ViewTest, FontHeightFollowsThePointSizeAndTheScreen) {
     };
     EXPECT_EQ(font(" \t14pt"), "14 -19 -23");
     EXPECT_EQ(font("+9"), "9 -12 -15");
+    EXPECT_EQ(font("  "), "10 -13 -17");
+    EXPECT_EQ(font("-"), "10 -13 -17");
     EXPECT_EQ(font("abc"), "10 -13 -17");
     EXPECT_EQ(font("-3"), "10 -13 -17");
     EXPECT_EQ(font("1"), "1 -1 -2");
@@ -255,6 +257,8 @@ TEST_F(ViewTest, RowsAreColouredSplitAtTheSelectionAndTabbedFromTheTextsColumnZe
         {{0, 16}, {2, 0}, 0, "[entity]k@0[ a ]t@6[is]k@9[ ]t@11[-- x]c@12 black 16"},
         {{2, 5}, {2, 8}, 2, "[\t]t@0~[end]k@4[ ]t@7[x\t]*w@8~[i]*w@12[s]k@13 white 14"},
         {{2, 1}, {3, 0}, 3, "[last line]t@0 white 9"},
+        {{0, 3}, {0, 10}, 3, "[last line]t@0 white 9"},    // after the selection
+        {{3, 2}, {4, 1}, 1, "[signal]k@0[ a]t@6 white 8"}, // before it
     };
     for (const auto& row : rows) {
         buffer.Select(row.from, row.to);

@@ -21,9 +21,7 @@ bool FakeHost::LessIgnoringCase::operator()(std::string_view a, std::string_view
 void FakeHost::SetProfile(std::string_view section, std::string_view key, std::string_view value) {
     auto s = profile_.find(section);
     if (s == profile_.end()) s = profile_.emplace(section, Section()).first;
-    auto k = s->second.find(key);
-    if (k == s->second.end()) s->second.emplace(key, value);
-    else k->second = value;
+    s->second.insert_or_assign(std::string(key), std::string(value));
 }
 
 std::optional<std::string> FakeHost::ProfileValue(std::string_view section,
