@@ -77,6 +77,12 @@ class PrintTest : public EditorTest {
     std::string title = "C:\\work\\e.vhd";
     const LanguageDef* language = nullptr;
     std::vector<PrintedPiece> pieces;
+    std::string Faces() const {
+        std::string faces;
+        for (const PrintedPiece& piece : pieces)
+            faces += std::to_string(piece.typeface) + (piece.color == ColorBlack ? "" : "c");
+        return faces;
+    }
 };
 
 TEST(PageGridTest, MarginsStayInsideThePrintableArea) {
@@ -108,20 +114,19 @@ TEST_F(PrintTest, LongLinesWrapUnnumberedAcrossPageBreaksAndHeadersKeepThePageNu
     EXPECT_EQ(Page(text, 30, 6),
               (Texts{"C:\\work\\e.vhd      Page 1 of 1", "", "entity e is",
                      "    x <= a and b;  -- long com", "abcdefghijklmnopqrstuvwxyz0123"}));
-    std::string faces;
-    for (const PrintedPiece& piece : pieces)
-        faces += std::to_string(piece.typeface) + (piece.color == ColorBlack ? "" : "c");
-    EXPECT_EQ(faces, "1110020");
+    EXPECT_EQ(Faces(), "1110020");
+    std::tie(settings.syntax, settings.color) = std::tuple(false, true); // colours, upright
+    Page(text, 30, 6);
+    EXPECT_EQ(Faces(), "110c000c0");
 
     TestBuffer empty("");
     title = "C:\\projects\\cpu\\rtl\\alu.vhd";
     const std::tuple<int, bool, bool, const char*> headers[] = {
-        {80, true, true,
-         "C:\\projects\\cpu\\rtl\\alu.vhd     2024-01-02 03:04                     Page 1 of 1"},
+        {52, true, true, "...\\rtl\\alu.vhd   2024-01-02 03:04       Page 1 of 1"},
         {50, true, true, "...\\rtl\\alu.vhd  2024-01-02 03:04      Page 1 of 1"},
         {50, false, true, "                 2024-01-02 03:04      Page 1 of 1"},
         {20, true, true, "....vhd  Page 1 of 1"}};
-    settings.lineNumbers = true;
+    std::tie(settings.lineNumbers, settings.color) = std::tuple(true, false); // all plain
     for (const auto& [columns, file, date, header] : headers) {
         std::tie(settings.fileInHeader, settings.dateInHeader) = std::tuple(file, date);
         EXPECT_EQ(Page(empty, columns, 5), (Texts{header, "", "   1"})) << columns;
