@@ -48,15 +48,11 @@ class DocsTest : public EditorTest {
     TempFolder folder;
 };
 
-TEST_F(DocsTest, NamesAndFullPaths) {
-    EXPECT_TRUE(isUnnamed("Untitled"));
-    EXPECT_FALSE(isUnnamed("untitled1") || isUnnamed("Untitle"));
+TEST_F(DocsTest, FullPathsTheSameFileTwiceReadOnlyAndNewFilesNumbered) {
+    EXPECT_TRUE(isUnnamed("Untitled") && !isUnnamed("untitled1") && !isUnnamed("Untitle"));
     for (const char* absolute : {"\\src\\a.vhd", "/src/a.vhd", "D:/a.vhd", "d:\\a.vhd", ""})
         EXPECT_EQ(fullPathOf(absolute), absolute);
     EXPECT_EQ(fullPathOf("d:a.vhd"), "C:\\work\\d:a.vhd");
-}
-
-TEST_F(DocsTest, TheSameFileTwiceIsReadOnlyAndNewFilesAreNumbered) {
     EditBuffer& first = Open("alu.vhd", "entity alu is\r\nend;\r\n");
     const std::string path = first.fileName;
     host.answers = {AnswerNo, AnswerYes};
@@ -79,6 +75,12 @@ TEST_F(DocsTest, TheSameFileTwiceIsReadOnlyAndNewFilesAreNumbered) {
 }
 
 TEST_F(DocsTest, MissingFilesFailuresAndTheOpenDialog) {
+    // The current buffer's language comes first, then named ones with a filter in table order.
+    LanguageEntry(3).name = "Text";
+    LanguageEntry(4).name = "Verilog";
+    LanguageEntry(4).filter = "Verilog(*.v)|*.v|";
+    EXPECT_EQ(LoadFile(), 0); // cancelled, with no buffer open
+    EXPECT_EQ(host.fileDialogs[0].filter, "All files(*.*)|*.*|VHDL(*.vhd)|*.vhd|Verilog(*.v)|*.v|");
     const std::string path = folder.File("missing.vhd");
     host.answers = {AnswerNo, AnswerYes};
     EXPECT_EQ(openFile(path, 0, 0, KindDocument), 1);
@@ -91,10 +93,6 @@ TEST_F(DocsTest, MissingFilesFailuresAndTheOpenDialog) {
     EXPECT_EQ(openFile(Make("f.vhd"), 0, 0, KindDocument), 1);
     host.createWindowFails = false;
     EXPECT_EQ(editor.documents.buffers.size(), 1u);
-
-    // The current buffer's language comes first, then named ones with a filter in table order.
-    LanguageEntry(4).name = "Verilog";
-    LanguageEntry(4).filter = "Verilog(*.v)|*.v|";
     host.fileDialogAnswers.push_back(FileDialogResult{folder.File("f.vhd"), "", true});
     EXPECT_EQ(LoadFile(), 0);
     EXPECT_EQ(host.fileDialogs.back().filter,
@@ -103,7 +101,7 @@ TEST_F(DocsTest, MissingFilesFailuresAndTheOpenDialog) {
     EXPECT_EQ(editor.documents.lastDialogDirectory, folder.File(""));
 }
 
-TEST_F(DocsTest, ClosingMovesOnAndFillsTheRecentFiles) {
+TEST_F(DocsTest, ClosingMovesOnAndFillsTheRecentFilesTheirMenuAndProfile) {
     const std::string a = Make("a.vhd"), b = Make("b.vhd");
     ASSERT_EQ(openFile(a, 0, 0, KindDocument), 0);
     EditBuffer* first = Current();
@@ -121,8 +119,6 @@ TEST_F(DocsTest, ClosingMovesOnAndFillsTheRecentFiles) {
     closeBuffer(*first);
     const auto& slots = editor.documents.recentFiles;
     EXPECT_EQ(std::tuple(Current(), slots[0], slots[1]), std::tuple(nullptr, a, b));
-    EXPECT_EQ(SaveFile(), 0); // no active window: nothing, no dialog
-    EXPECT_TRUE(host.fileDialogs.empty());
 
     // Five slots; a listed name moves to the top; names differing in case are different.
     for (const char* name : {"f1", "f2", "f3", "f4", "f5", "f2", "f2", "", "F5"})
@@ -130,9 +126,7 @@ TEST_F(DocsTest, ClosingMovesOnAndFillsTheRecentFiles) {
     EXPECT_EQ(Lines(slots.begin(), slots.end()), (Lines{"F5", "f2", "f5", "f4", "f3"}));
     addRecentFile(std::string(300, 'r')); // cut to the longest file name
     EXPECT_EQ(slots[0], std::string(255, 'r'));
-}
 
-TEST_F(DocsTest, RecentFilesMenuLabelsAndProfile) {
     const std::pair<const char*, const char*> labels[] = {
         {"C:\\work\\alu_xy.vhd", "C:\\work\\alu_xy.vhd"}, // 18: whole
         {"C:\\work\\alu_xyz.vhd", "C:\\work\\...\\alu_xyz.vhd"},
@@ -176,19 +170,31 @@ TEST_F(DocsTest, StartupErrorsOpenInAMessageWindowThatIsRefreshed) {
               std::tuple(2u, 6u));
 }
 
-TEST_F(DocsTest, InsertFileIsOneUndoableEditWithoutCarriageReturns) {
+TEST_F(DocsTest, InsertFileIsOneUndoableEditAndTheWindowMenuNeedsAWindow) {
+    ExitApp();
     InsertFile(); // without a window nothing is asked
-    ASSERT_EQ(NewFile(), 0);
+    for (bool window : {false, true}) {
+        if (window) ASSERT_EQ(NewFile(), 0);
+        for (auto command : {WindowCascade, WindowTileVertical, WindowTileHorizontal, WindowNext,
+                             WindowPrevious, WindowClose})
+            command();
+    }
+    // WindowClose leaves closing to the window's own menu and the frame.
+    EXPECT_EQ(std::tuple(host.closeRequests, host.arrangements.size()), std::tuple(1, 5u));
     Current()->closedFlags |= ClosedFlagWindowGone; // nor for one whose window is going away
     InsertFile();
     SaveFile();
+    EditBuffer& buffer = Open("a.vhd", "ab");
+    buffer.lines.readOnly = 1; // nor for a read-only one
+    InsertFile();
     EXPECT_TRUE(host.fileDialogs.empty());
-    ASSERT_EQ(NewFile(), 0);
-    EditBuffer& buffer = *Current();
-    Type(buffer, MakePos(0, 0), "ab");
+    buffer.lines.readOnly = 0;
     buffer.cursor = MakePos(0, 1);
-    host.fileDialogAnswers.push_back(FileDialogResult{Make("part", "x\r\ny\r\nz\rw"), "", false});
-    EXPECT_EQ(InsertFile(), 0);
+    // Cancelled, a name that cannot be opened, then a file with CR LF, CR and LF ends.
+    host.fileDialogAnswers = {std::nullopt, FileDialogResult{"no such file", "", false},
+                              FileDialogResult{Make("part", "x\r\ny\r\nz\rw"), "", false}};
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(InsertFile(), 0);
     EXPECT_EQ(host.fileDialogs.back().title, "Insert");
     EXPECT_EQ(LinesOf(buffer), (Lines{"ax", "y", "zwb"}));
     EXPECT_EQ(buffer.cursor, MakePos(2, 2));
@@ -196,27 +202,10 @@ TEST_F(DocsTest, InsertFileIsOneUndoableEditWithoutCarriageReturns) {
     EXPECT_EQ(LinesOf(buffer), (Lines{"ab"}));
 }
 
-TEST_F(DocsTest, ExitAndTheWindowMenu) {
-    ExitApp();
-    EXPECT_EQ(host.closeRequests, 1);
-    auto runWindowMenu = [] {
-        for (auto command : {WindowCascade, WindowTileVertical, WindowTileHorizontal, WindowNext,
-                             WindowPrevious, WindowClose})
-            command();
-    };
-    runWindowMenu();
-    EXPECT_TRUE(host.arrangements.empty()) << "no window to arrange";
-    ASSERT_EQ(NewFile(), 0);
-    runWindowMenu();
-    // WindowClose leaves closing to the window's own menu and the frame.
-    EXPECT_EQ(host.arrangements.size(), 5u);
-}
-
-TEST_F(DocsTest, UnchangedFilesRoundTripByteForByte) {
+TEST_F(DocsTest, UnchangedFilesRoundTripAndAnUnnamedBufferAsksForAName) {
     // Each file and what is saved, "" for the file unchanged.
     const std::pair<std::string, std::string> cases[] = {
         {"", ""},
-        {"a\r\n\r\n\tb\t\r\n", ""},
         {std::string(252, 'x') + "\r\n" + std::string(46, 'y'), ""}, // longest line kept whole
         // A line of 254 characters fills a piece; its line end comes as a piece of its own.
         {std::string(254, 'f') + "\r\nz", std::string(254, 'f') + "\r\n\r\nz"},
@@ -229,6 +218,29 @@ TEST_F(DocsTest, UnchangedFilesRoundTripByteForByte) {
         EXPECT_EQ(ReadBytes(buffer.fileName), saved.empty() ? bytes : saved) << serial;
     }
     EXPECT_TRUE(host.boxes.empty()) << host.ErrorBoxTexts();
+
+    // An unnamed buffer asks for a name and takes its language.
+    ASSERT_EQ(NewFile(), 0);
+    EditBuffer& buffer = *Current();
+    editor.settings.options.backupFile = true;
+    const std::string path = folder.File("new.vhd");
+    host.fileDialogAnswers.push_back(FileDialogResult{path, "", false});
+    Type(buffer, MakePos(0, 0), "x");
+    EXPECT_EQ(Save(buffer), 0);
+    const FileDialogRequest& asked = host.fileDialogs.at(0);
+    EXPECT_EQ(asked.title + "|" + asked.initialName + "|" + std::to_string(asked.save),
+              "Save As|Untitled1|1");
+    EXPECT_EQ(ReadBytes(path) + buffer.fileName + "|" + host.windowTitles[&buffer],
+              "x" + path + "|" + path);
+    EXPECT_EQ(std::tuple(buffer.language, host.redrawnWindows.back()),
+              std::tuple(&LanguageEntry(1), &buffer));
+    EXPECT_TRUE(host.lzCopies.empty()); // an unnamed buffer has nothing to back up
+    const std::string longest = "Untitled" + std::string(247, '0');
+    ASSERT_EQ(openFile(longest, 1, 0, KindDocument), 0);
+    EXPECT_EQ(SaveFileAs(), 0);
+    EXPECT_EQ(
+        std::tuple(host.fileDialogs.back().initialName, host.fileDialogs.back().initialDirectory),
+        std::tuple(longest.substr(0, 254), folder.File("")));
 }
 
 TEST_F(DocsTest, SavingClearsModifiedAndTheLogAndFailuresKeepThem) {
@@ -254,32 +266,8 @@ TEST_F(DocsTest, SavingClearsModifiedAndTheLogAndFailuresKeepThem) {
     EXPECT_EQ(std::tuple(LinesOf(buffer), buffer.lines.modified, std::string(buffer.fileName)),
               std::tuple(Lines{"abc", "deff"}, 1, folder.File("top.vhd")));
     EXPECT_NE(buffer.undoCurrent, buffer.undoHead);
-}
 
-TEST_F(DocsTest, UnnamedBufferAsksForANameAndTakesItsLanguage) {
-    ASSERT_EQ(NewFile(), 0);
-    EditBuffer& buffer = *Current();
-    editor.settings.options.backupFile = true;
-    const std::string path = folder.File("new.vhd");
-    host.fileDialogAnswers.push_back(FileDialogResult{path, "", false});
-    Type(buffer, MakePos(0, 0), "x");
-    EXPECT_EQ(Save(buffer), 0);
-    const FileDialogRequest& asked = host.fileDialogs.at(0);
-    EXPECT_EQ(asked.title + "|" + asked.initialName + "|" + std::to_string(asked.save),
-              "Save As|Untitled1|1");
-    EXPECT_EQ(ReadBytes(path) + buffer.fileName + "|" + host.windowTitles[&buffer],
-              "x" + path + "|" + path);
-    EXPECT_EQ(std::tuple(buffer.language, host.redrawnWindows.back()),
-              std::tuple(&LanguageEntry(1), &buffer));
-    EXPECT_TRUE(host.lzCopies.empty()); // an unnamed buffer has nothing to back up
-    const std::string longest = "Untitled" + std::string(247, '0');
-    ASSERT_EQ(openFile(longest, 1, 0, KindDocument), 0);
-    EXPECT_EQ(SaveFileAs(), 0);
-    EXPECT_EQ(host.fileDialogs.back().initialName, longest.substr(0, 254));
-    EXPECT_EQ(host.fileDialogs.back().initialDirectory, folder.File(""));
-}
-
-TEST_F(DocsTest, LargeBuffersShowProgressAndSaveAllTakesModifiedOnly) {
+    // Large buffers show progress; Save All takes modified buffers only.
     std::string bytes;
     for (int i = 0; i < 2500; ++i)
         bytes += "signal s" + std::to_string(i) + " : bit;\r\n";
