@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "commands/command_table.h"
+#include "commands/menu_description.h"
 #include "dialog_script.h"
 #include "tools/error_list.h"
 #include "tools/tool_commands.h"
@@ -52,7 +53,11 @@ TEST_F(UserToolsTest, LoadingStopsAtTheFirstUnnamedSlotAndLabelsTheCommands) {
     EXPECT_EQ(table.toolCount, 2);
     EXPECT_EQ(table.slots[0],
               (ToolRecord{"Lint", "C:\\bin\\lint.exe", "-f $$", "C:\\work", "GHDL"}));
-    EXPECT_EQ(Label(1) + Label(2) + Label(3), "LintMakeRunTool3");
+    WriteBytes(folder.File("menu.ini"), "MENU &Run\nITEM a RunTool2\nITEM b RunTool3\nEND\n");
+    host.SetProfile("GUI", "Menu", folder.File("menu.ini"));
+    PrepareMainMenu(); // a named tool's item shows the name
+    const std::vector<MenuEntry>& items = editor.customisation.menu.entries;
+    EXPECT_EQ(Label(1) + Label(3) + items[1].text + items[2].text, "LintRunTool3Makeb");
 
     // With all six named the count stays at its start value: the dialog changes nothing.
     for (int n = 1; n <= 6; ++n)
