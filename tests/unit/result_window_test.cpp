@@ -71,7 +71,6 @@ TEST_F(ResultWindowTest, OutputPiecesBecomeLinesAfterTheHeader) {
 TEST_F(ResultWindowTest, TheWindowIsReusedUntilClosedAndAStartFailureLeavesTheHeader) {
     runWithResultWindow("Result of tool 'a'.", "a", ".", ErrorMode::None);
     EditBuffer* result = OpenResultBuffer();
-    ASSERT_NE(result, nullptr);
     host.processScripts.push_back({false, {}});
     EXPECT_EQ(runWithResultWindow("Result of tool 'b'.", "C:\\no.exe -q", ".", ErrorMode::None), 1);
     EXPECT_EQ(host.ErrorBoxTexts(), "Can not create process 'C:\\no.exe -q'\n");
@@ -95,7 +94,6 @@ TEST_F(ResultWindowTest, AResultFileIsShownAndReadForErrors) {
     for (const char* title : {"V-System compiler", "again"}) {
         loadResultFile(report, title, ErrorMode::Vsystem);
         EditBuffer* result = OpenResultBuffer();
-        ASSERT_NE(result, nullptr);
         EXPECT_EQ(result->windowKind + result->lines.readOnly, KindMessage + 1);
         EXPECT_EQ(LinesOf(*result), (Lines{"header", "ERROR: alu.vhd(2): bad", ""}));
         EXPECT_EQ(Markers(*editor.tools.sourceBuffer), (Marks{{2, KindError}}));
@@ -123,8 +121,6 @@ TEST_F(ResultWindowTest, VsystemCommandLinesPutEveryPieceInPlace) {
         {&all, ModeVcom, "D:\\vcom -work mylib -no1164 -explicit -93  -line 12abc  -q alu.vhd"},
         {&none, ModeVlog, "D:\\vlog  -work work  alu.vhd"},
         {&all, ModeVlog, "D:\\vlog  -work mylib -u -hazards  -line 12abc  -q alu.vhd"},
-        {&all, ModeCreateLibrary, "D:\\vlib C:\\libs\\work"},
-        {&none, ModeListMappings, "D:\\vmap"},
     };
     for (const auto& c : cases)
         EXPECT_EQ(buildVsystemCommand(*c.settings, "C:\\libs\\work", c.mode, "D:\\", "alu.vhd"),
@@ -139,6 +135,8 @@ TEST_F(ResultWindowTest, ACompileMakesEntriesOncePerPlaceAndSteppingSelectsThemW
     EXPECT_EQ(host.ErrorBoxTexts(), "Please set the path to the Vsystem directory\nusing the "
                                     "Options->Vsystem dialog window.\n");
     EXPECT_EQ(host.boxes.at(0).caption, "vcom.exe executable path is empty.");
+    editor.tools.vsystem.executable = "vcom.exe";
+    EXPECT_EQ(VsystemVHDL() + host.processRuns.size(), 0u); // nor without a window
     EditBuffer& source = Compile();
     const std::string directory = DirectoryPart(source.fileName).value();
     EXPECT_EQ(ReadBytes(source.fileName).substr(0, 16), "line 1\r\nline 2\r\n"); // saved
@@ -185,7 +183,7 @@ TEST_F(ResultWindowTest, ACompileMakesEntriesOncePerPlaceAndSteppingSelectsThemW
     EXPECT_FALSE(hasErrorList());
 }
 
-TEST_F(ResultWindowTest, TheSourceFollowsTheCaretOfTheResultWindow) {
+TEST_F(ResultWindowTest, TheSourceFollowsTheCaretAndTheMarkersLastAsLongAsTheResultWindow) {
     EditBuffer& source = Compile();
     EditBuffer& result = *OpenResultBuffer();
     result.cursor = MakePos(5, 0);
@@ -198,27 +196,26 @@ TEST_F(ResultWindowTest, TheSourceFollowsTheCaretOfTheResultWindow) {
     CharacterEntered(result, '\r'); // Return goes to the source
     EXPECT_EQ(source.cursor.line, 4);
     EXPECT_EQ(editor.engine.currentBuffer, &source);
+    // Another message window has no markers and its caret leads nowhere.
+    WriteBytes(folder.File("notes.log"), "a\nb\n");
+    EXPECT_EQ(openFile(folder.File("notes.log"), 0, 1, KindMessage), 0);
+    HandleKey(*editor.engine.currentBuffer, KeyDown, false, false);
+    EXPECT_EQ(std::tuple(Markers(*editor.engine.currentBuffer).size(), source.cursor.line),
+              std::tuple(0u, 4));
 
-    closeBuffer(source);
-    NextError();
-    EXPECT_EQ(host.statusPanes[3], "Source window has been removed.");
-    EXPECT_EQ(host.statusTexts.back().beep, true);
-}
-
-TEST_F(ResultWindowTest, MarkersAndCommandsLastAsLongAsTheResultWindow) {
-    EditBuffer& source = Compile();
-    EXPECT_TRUE(Markers(OpenSource("other.vhd", "x\ny\n")).empty()); // other windows show none
     // A tool run forgets the errors of the compile before it.
     runWithResultWindow("Result of tool 't'.", "t", ".", ErrorMode::None);
     EXPECT_TRUE(Markers(source).empty());
-
     Compile();
     clearErrors();
     EXPECT_TRUE(Markers(source).empty());
     EXPECT_FALSE(ErrorCommandsEnabled());
     EXPECT_EQ(LinesOf(*OpenResultBuffer()), (std::vector<std::string>{""}));
 
-    Compile();
+    closeBuffer(Compile());
+    NextError();
+    EXPECT_EQ(host.statusPanes[3], "Source window has been removed.");
+    EXPECT_EQ(host.statusTexts.back().beep, true);
     closeBuffer(*OpenResultBuffer());
     UpdateCommandStates();
     EXPECT_FALSE(hasErrorList());
