@@ -56,7 +56,6 @@ TEST_F(MessageFormatsTest, EveryLocationOfCapturedOutputIsFoundAndNoContinuation
         {"ghdl_a__many_errors.txt", "ghdl",
          "many_errors.vhd:4:25E many_errors.vhd:5:21E many_errors.vhd:7:8E "
          "many_errors.vhd:8:8E many_errors.vhd:9:3E many_errors.vhd:9:8E "},
-        {"ghdl_a__warnings_default.txt", "GHDL", "warnings.vhd:25:5W "},
         {"iverilog__many_errors.txt", "Icarus",
          "many_errors.v:3:0E many_errors.v:4:0E many_errors.v:4:0E many_errors.v:5:0E "
          "many_errors.v:5:0E many_errors.v:6:0E "},
@@ -91,6 +90,7 @@ TEST_F(MessageFormatsTest, WrittenLinesOfOtherToolsAndOtherPaths) {
         {"Questa", "# Break in Process stim at C:/tb.vhd line 43", "C:/tb.vhd:43:0E"},
         {"Vivado", "ERROR: [VRFC 10-91] 'q' is not declared [\"C:/my proj/top.vhd\":12]",
          "C:/my proj/top.vhd:12:0E"},
+        {"Vivado", "ERROR: [XSIM 43-3225] Cannot find design unit [x]", ""},
         {"Vivado", "CRITICAL WARNING: [VRFC 10-3] bus x[7:0] [C:\\p\\a.v:9]", "C:\\p\\a.v:9:0W"},
         {"Quartus", "Error (10161): at top.v(7): no File: /proj/top.v Line: 7", "/proj/top.v:7:0E"},
         {"GHDL", "C:\\my proj\\tb.vhd:20:5:@10ns:(assertion failure): done",
@@ -145,6 +145,7 @@ TEST_F(MessageFormatsTest, FaultyRuleLinesAreReportedAndTheRestIsKept) {
     MessageReader reader(formats, "MINE");
     EXPECT_EQ(Read(reader, "Err: C:/a b/c.v(3) oops"), "C:/a b/c.v:3:0E");
     EXPECT_EQ(Read(reader, "line 4 of C:/d.v"), "C:/d.v:4:0W");
+    EXPECT_EQ(Read(reader, "d.v :4"), "");                   // a path does not end in a blank
     EXPECT_EQ(Read(reader, "at e.v line 5: x"), "e.v:5:0E"); // a literal after an optional part
     EXPECT_FALSE(MessageReader(formats, "other").Reads());
 
@@ -157,7 +158,7 @@ TEST(MessageLocationTest, PathsAndColumns) {
     EXPECT_EQ(ResolveMessagePath("C:\\proj", "a.vhd"), "C:\\proj\\a.vhd");
     EXPECT_EQ(ResolveMessagePath("C:\\proj\\", "./sub/a.v"), "C:\\proj\\sub/a.v");
     EXPECT_EQ(ResolveMessagePath("/home/me/proj", "a.v"), "/home/me/proj/a.v");
-    EXPECT_EQ(ResolveMessagePath(".", "a.v"), "a.v");
+    EXPECT_EQ(ResolveMessagePath("", "a.v") + ResolveMessagePath(".", "b.v"), "a.vb.v");
 
     EXPECT_EQ(CleanPath("C:/proj/./sub\\../a b.vhd"), "C:/proj/a b.vhd");
     EXPECT_EQ(CleanPath("\\\\server/share//x/../a.v"), "\\\\server\\share\\a.v");
