@@ -164,6 +164,7 @@ TEST_F(CustomisationTest, MenuIniStatementsAndTheirReports) {
                   "MENU &File\n"
                   "  ITEM \"Save &As...\" SaveFileAs\n"
                   "\tITEM &Save savefile\n"
+                  "\tITEM &Copy EditCopy\n" // two keys: the first is shown
                   "  # an indented comment\n"
                   "  SEPARATOR\n"
                   "  MENU &Recent\n"
@@ -184,9 +185,9 @@ TEST_F(CustomisationTest, MenuIniStatementsAndTheirReports) {
     host.SetProfile("GUI", "Menu", file.path());
     PrepareMainMenu();
     EXPECT_EQ(Entries(),
-              "[&File|Save &As...\tCtrl+Shift+S=SaveFileAs|&Save\tCtrl+S=SaveFile|-|[&Recent|A "
-              "text longer than thirty-nine characte=NewFile|]|&Bad=9999|&Lonely=9999|]|[|]|["
-              "Helpdesk|]|[&Help|&About the editor...\tCtrl+F1=About|]|");
+              "[&File|Save &As...\tCtrl+Shift+S=SaveFileAs|&Save\tCtrl+S=SaveFile|&Copy\tCtrl+C="
+              "EditCopy|-|[&Recent|A text longer than thirty-nine characte=NewFile|]|&Bad=9999|"
+              "&Lonely=9999|]|[|]|[Helpdesk|]|[&Help|&About the editor...\tCtrl+F1=About|]|");
     EXPECT_EQ(ReportedLines(editor),
               (Texts{"Error 2: Cannot open Keyboard definition file 'no/accel.ini'.",
                      "Error 4: Cannot find Menu Builder function 'GoNowhere'.",
