@@ -23,8 +23,7 @@ TEST_F(GadgetDialogTest, UnitsRadioGridTagsAndItems) {
     EXPECT_EQ(std::tuple(edit->textValue, edit->controlId, dialog->focusGadget),
               std::tuple("ab", FirstGadgetControlId, edit));
     // Radio buttons in a 120 x 80 group: rows of a quarter (or more) of the height.
-    const std::tuple<int, int, int, const char*> radios[] = {{3, 1, 0, "0,0 120x20"},
-                                                             {3, 1, 2, "0,40 120x20"},
+    const std::tuple<int, int, int, const char*> radios[] = {{3, 1, 2, "0,40 120x20"},
                                                              {2, 1, 1, "0,40 120x40"},
                                                              {4, 2, 3, "60,40 60x40"},
                                                              {5, 2, 4, "0,52 60x26"}};
@@ -38,14 +37,13 @@ TEST_F(GadgetDialogTest, UnitsRadioGridTagsAndItems) {
     Gadget* list = GlGadgetCreate(*dialog, GadgetType::ListBox, 0, 20, 40, 40, "",
                                   {ValueTag(7), ItemsTag({"a", "b", "c"}), OwnerDataTag(5),
                                    PerItemValuesTag(true), ItemValueTag(1, 4)});
-    GlGadgetSet(*list, {SetItemTextTag(3, "x"), DeleteItemTag(3)}); // one past the end: nothing
-    EXPECT_EQ(list->items, (Items{"a", "b", "c"}));
     EXPECT_EQ(std::tuple(list->value, list->ownerData, list->itemValues.size()),
               std::tuple(2, 5, 0u)); // per-item values were disabled
     for (auto [given, shown] : {std::pair{7, 2}, {-5, -1}, {1, 1}}) {
         setGadgetValue(*list, given);
         EXPECT_EQ(GlGadgetGet(*list), shown) << given;
     }
+    // The last three are past the ends: nothing.
     GlGadgetSet(*list, {InsertItemTag(0, "z"), SetItemTextTag(3, "C"), DeleteItemTag(1),
                         SetItemTextTag(3, "x"), DeleteItemTag(3), DeleteItemTag(-1)});
     EXPECT_EQ(list->items, (Items{"z", "b", "C"}));
@@ -93,8 +91,6 @@ TEST_F(GadgetDialogTest, CloseButtonsSitBelowTheGadgetsAndEndTheDialog) {
     EXPECT_EQ(applied, 2);
     host.dialogActions.push_back([](GadgetDialog& d) { DialogCancelCommand(d); });
     EXPECT_EQ(showDialog(*dialog, true), 0);
-    EXPECT_EQ(showDialog(*dialog, true), 0) << "no action: cancelled";
-    EXPECT_EQ(host.shownDialogs, (Items{"Close", "Close", "Close"}));
 
     auto bare = createDialog("Bare"); // no cancel action: Escape still ends it, or hides it
     Gadget* box = GlGadgetCreate(*bare, GadgetType::CheckBox, 0, 0, 40, 10, "&x",

@@ -19,22 +19,19 @@ namespace {
 
 class SearchTest : public EditorTest {
   protected:
-    // Fills the Find or Replace dialog of `command` with the choices and presses OK.
-    void Run(int (*command)(), const SearchState& c) {
-        host.dialogActions.push_back([this, c](GadgetDialog& dialog) {
+    // Fills the Find or Replace dialog of `command` and presses OK; `choices` holds c(ursor),
+    // s(elected range), b(ackward), a(ll) and p(rompt).
+    void Run(int (*command)(), const char* find, const char* by, std::string_view choices) {
+        const auto on = [choices](char c) { return choices.find(c) != std::string_view::npos; };
+        host.dialogActions.push_back([=, this](GadgetDialog& dialog) {
             const bool replace = dialog.title == "Replace Text";
-            host.TypeText(*GadgetAfter(dialog, replace ? "&Old text:" : "Find&text:"),
-                          c.searchText);
-            setGadgetValue(*GadgetAfter(dialog, " Search range: "), c.selectedOnly ? 2
-                                                                    : c.fromCursor ? 1
-                                                                                   : 0);
-            setGadgetValue(*GadgetAfter(dialog, " Search direction: "), c.forward ? 0 : 1);
-            setGadgetValue(*GadgetWithText(dialog, "&Whole words"), c.wholeWords);
-            setGadgetValue(*GadgetWithText(dialog, "&Case sensitive"), c.caseSensitive);
+            host.TypeText(*GadgetAfter(dialog, replace ? "&Old text:" : "Find&text:"), find);
+            setGadgetValue(*GadgetAfter(dialog, " Search range: "), on('s') ? 2 : on('c'));
+            setGadgetValue(*GadgetAfter(dialog, " Search direction: "), on('b'));
             if (replace) {
-                host.TypeText(*GadgetAfter(dialog, "&New text:"), c.replaceText);
-                setGadgetValue(*GadgetWithText(dialog, "Replace &all"), c.replaceAll);
-                setGadgetValue(*GadgetWithText(dialog, "&Prompt"), c.prompt);
+                host.TypeText(*GadgetAfter(dialog, "&New text:"), by);
+                setGadgetValue(*GadgetWithText(dialog, "Replace &all"), on('a'));
+                setGadgetValue(*GadgetWithText(dialog, "&Prompt"), on('p'));
             }
             DialogOkCommand(dialog);
         });
@@ -88,7 +85,7 @@ TEST_F(SearchTest, WordsStartOnlyAtLettersAndDigits) {
 
 TEST_F(SearchTest, FindSelectsTheMatchAndRepeatsWithoutWrapping) {
     TestBuffer buffer("a clk b\nclk c\nclk");
-    Run(FindText, {.searchText = "clk", .replaceText = ""});
+    Run(FindText, "clk", "", "");
     EXPECT_EQ(Selection(buffer), (TextRange{MakePos(0, 2), MakePos(0, 5)}));
     EXPECT_EQ(buffer->cursor, MakePos(0, 2));
     FindNextText();
@@ -101,10 +98,19 @@ TEST_F(SearchTest, FindSelectsTheMatchAndRepeatsWithoutWrapping) {
 
     // Backwards from the caret, a match that begins at the caret comes first.
     buffer.PlaceCaret(1, 0);
-    Run(FindText, {.searchText = "clk", .replaceText = "", .fromCursor = true, .forward = false});
+    Run(FindText, "clk", "", "cb");
     EXPECT_EQ(buffer->cursor, MakePos(1, 0));
     FindNextText();
     EXPECT_EQ(buffer->cursor, MakePos(0, 2));
+
+    // In the selected range the selection stays for the next search and the match is highlighted.
+    for (const bool forward : {true, false}) {
+        buffer.Select(MakePos(0, 0), MakePos(1, 3));
+        Run(FindText, "clk", "", forward ? "s" : "sb");
+        EXPECT_EQ(Selection(buffer), (TextRange{MakePos(0, 0), MakePos(1, 3)})) << forward;
+        ASSERT_FALSE(host.foundTexts.empty());
+        EXPECT_EQ(host.foundTexts.back().startColumn, forward ? 2 : 0) << forward;
+    }
 }
 
 TEST_F(SearchTest, TheDialogsStartFromTheWordAtTheCaretAndCancelKeepsTheChoices) {
@@ -131,89 +137,49 @@ TEST_F(SearchTest, TheDialogsStartFromTheWordAtTheCaretAndCancelKeepsTheChoices)
     }
 }
 
-TEST_F(SearchTest, ReplaceAllTakesOneUndoStepPerMatchAndNeverFindsItsOwnResult) {
-    TestBuffer buffer("foo x foo\nfoo");
-    Run(ReplaceText, {.searchText = "foo", .replaceText = "foobar", .replaceAll = true});
-    EXPECT_EQ(buffer.Text(), "foobar x foobar\nfoobar");
-    EXPECT_EQ(buffer.LoggedTransactions(), 3);
-    EditUndo();
-    EXPECT_EQ(buffer.Text(), "foobar x foobar\nfoo");
-    // An empty new text leaves the next match where the last one was.
-    TestBuffer second("abab x ab");
-    Run(ReplaceText, {.searchText = "ab", .replaceText = "", .replaceAll = true});
-    EXPECT_EQ(second.Text(), " x ");
-}
-
-TEST_F(SearchTest, PromptedReplaceAsksEachTimeAndCancelKeepsWhatWasDone) {
-    TestBuffer buffer("foo foo foo foo");
-    host.answers = {AnswerYes, AnswerNo, AnswerYes, AnswerCancel};
-    Run(ReplaceText,
-        {.searchText = "foo", .replaceText = "bar", .replaceAll = true, .prompt = true});
-    EXPECT_EQ(buffer.Text(), "bar foo bar foo");
-    ASSERT_EQ(host.boxes.size(), 4u);
+// {text, selected columns, old, new, choices, answers (y, n, c), text after, selection after}: an
+// empty new text leaves the next match where the last one was; a cancelled match stays selected;
+// a selection the user had comes back after a No or a Cancel; in the selected range a match
+// running past the selection's end does not count, in either direction; r: a read-only buffer.
+TEST_F(SearchTest, ReplaceFollowsTheChoicesAndTheAnswers) {
+    using Columns = std::pair<int32_t, int32_t>;
+    const std::tuple<const char*, Columns, const char*, const char*, const char*, const char*,
+                     const char*, Columns>
+        rows[] = {{"foo x foo\nfoo", {}, "foo", "foobar", "a", "", "foobar x foobar\nfoobar", {}},
+                  {"abab x ab", {}, "ab", "", "a", "", " x ", {}},
+                  {"foo foo foo foo", {}, "foo", "bar", "ap", "ynyc", "bar foo bar foo", {12, 15}},
+                  {"bar foo bar", {}, "bar", "q", "", "", "q foo bar", {}},
+                  {"q foo q", {2, 5}, "q", "z", "ap", "c", "q foo q", {2, 5}},
+                  {"q foo q", {2, 5}, "q", "z", "ap", "yn", "z foo q", {2, 5}},
+                  {"x x x x\nx", {2, 5}, "x", "yy", "as", "", "x yy yy x\nx", {2, 7}},
+                  {"x x x x\nx", {2, 5}, "x", "yy", "asb", "", "x yy yy x\nx", {2, 7}},
+                  {"ab ab ab", {0, 4}, "ab", "X", "as", "", "X ab ab", {0, 3}},
+                  {"ab ab ab", {0, 4}, "ab", "X", "asb", "", "X ab ab", {0, 3}},
+                  {"ab ab ab", {0, 2}, "ab", "X", "as", "", "X ab ab", {0, 1}},
+                  {"ab ab ab", {0, 2}, "ab", "X", "asb", "", "X ab ab", {0, 1}},
+                  {"x x", {}, "x", "y", "s", "", "x x", {}},
+                  {"x x", {}, "x", "y", "ar", "", "x x", {}}};
+    for (const auto& [text, selected, find, by, choices, answers, after, selection] : rows) {
+        TestBuffer buffer(text);
+        if (selected.second > 0)
+            buffer.Select(MakePos(0, selected.first), MakePos(0, selected.second));
+        buffer->lines.readOnly = std::string_view(choices).ends_with('r');
+        for (const char* a = answers; *a != '\0'; ++a)
+            host.answers.push_back(*a == 'y' ? AnswerYes : *a == 'n' ? AnswerNo : AnswerCancel);
+        host.statusPanes[4].clear();
+        Run(ReplaceText, find, by, choices);
+        EXPECT_EQ(buffer.Text(), after) << text << choices;
+        // Where nothing changes, nothing is said either.
+        EXPECT_EQ(after == std::string_view(text) ? host.statusPanes[4] : "", "") << choices;
+        if (selection.second > 0) {
+            EXPECT_EQ(Selection(buffer),
+                      (TextRange{MakePos(0, selection.first), MakePos(0, selection.second)}))
+                << text << choices;
+        }
+    }
     EXPECT_EQ(host.boxes[0].caption + "|" + host.boxes[0].text,
               "Replace text:|Replace this occurence of:\n'foo'");
     EXPECT_EQ(host.boxes[0].kind, static_cast<int>(QuestionKind::YesNoCancel));
-    // The cancelled match stays selected for the user to see.
-    EXPECT_EQ(Selection(buffer), (TextRange{MakePos(0, 12), MakePos(0, 15)}));
-
-    // Without replace all one match is replaced; FindNextText goes on with the rest unasked.
-    buffer.PlaceCaret(0, 0);
-    Run(ReplaceText, {.searchText = "bar", .replaceText = "q"});
-    EXPECT_EQ(buffer.Text(), "q foo bar foo");
-    FindNextText();
-    EXPECT_EQ(buffer.Text(), "q foo q foo");
-
-    // A selection the user had comes back after a No or a Cancel.
-    const std::pair<std::deque<int>, const char*> answers[] = {
-        {{AnswerCancel}, "q foo q foo"}, {{AnswerYes, AnswerNo}, "z foo q foo"}};
-    for (const auto& [given, text] : answers) {
-        buffer.Select(MakePos(0, 2), MakePos(0, 5));
-        host.answers = given;
-        Run(ReplaceText,
-            {.searchText = "q", .replaceText = "z", .replaceAll = true, .prompt = true});
-        EXPECT_EQ(buffer.Text(), text);
-        EXPECT_EQ(Selection(buffer), (TextRange{MakePos(0, 2), MakePos(0, 5)})) << text;
-    }
-}
-
-TEST_F(SearchTest, TheSelectedRangeKeepsReplacementsInsideTheSelection) {
-    // A match that runs past the end of the selection does not count, in either direction.
-    const std::tuple<const char*, const char*, const char*, TextRange, const char*, TextRange>
-        cases[] = {{"x x x x\nx", "x", "yy", {{0, 2}, {0, 5}}, "x yy yy x\nx", {{0, 2}, {0, 7}}},
-                   {"ab ab ab", "ab", "X", {{0, 0}, {0, 4}}, "X ab ab", {{0, 0}, {0, 3}}},
-                   {"ab ab ab", "ab", "X", {{0, 0}, {0, 2}}, "X ab ab", {{0, 0}, {0, 1}}}};
-    for (const auto& [text, find, replace, selected, replaced, after] : cases) {
-        for (const bool forward : {true, false}) {
-            TestBuffer buffer(text);
-            buffer.Select(selected.start, selected.end);
-            Run(ReplaceText, {.searchText = find,
-                              .replaceText = replace,
-                              .selectedOnly = true,
-                              .forward = forward,
-                              .replaceAll = true});
-            EXPECT_EQ(buffer.Text(), replaced) << text << forward;
-            EXPECT_EQ(Selection(buffer), after) << text << forward;
-        }
-    }
-    // Finding there keeps the selection for the next search and highlights the match.
-    TestBuffer found("x yy yy x");
-    for (const bool forward : {true, false}) {
-        found.Select(MakePos(0, 2), MakePos(0, 7));
-        Run(FindText,
-            {.searchText = "y", .replaceText = "", .selectedOnly = true, .forward = forward});
-        EXPECT_EQ(Selection(found), (TextRange{MakePos(0, 2), MakePos(0, 7)})) << forward;
-        ASSERT_FALSE(host.foundTexts.empty());
-        EXPECT_EQ(host.foundTexts.back().startColumn, forward ? 2 : 6) << forward;
-    }
-    // Without a selection nothing happens; a read-only buffer is never replaced in.
-    TestBuffer buffer("x x");
-    host.statusPanes[4].clear();
-    Run(ReplaceText, {.searchText = "x", .replaceText = "y", .selectedOnly = true});
-    buffer->lines.readOnly = 1;
-    Run(ReplaceText, {.searchText = "x", .replaceText = "y", .replaceAll = true});
-    EXPECT_EQ(buffer.Text(), "x x");
-    EXPECT_EQ(host.statusPanes[4], "");
 }
 
 TEST_F(SearchTest, GotoLineClampsTheNumberIntoTheText) {
