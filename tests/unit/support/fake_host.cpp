@@ -12,6 +12,18 @@
 
 namespace ruvo {
 
+namespace {
+
+// The next scripted answer, taken off its queue; `otherwise` when none is left.
+template <typename T> T TakeFront(std::deque<T>& queue, T otherwise = {}) {
+    if (queue.empty()) return otherwise;
+    T front = std::move(queue.front());
+    queue.pop_front();
+    return front;
+}
+
+} // namespace
+
 bool FakeHost::LessIgnoringCase::operator()(std::string_view a, std::string_view b) const {
     const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c; };
     return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
@@ -40,37 +52,23 @@ std::string FakeHost::ErrorBoxTexts() const {
     return all;
 }
 
-void FakeHost::ErrorBox(const char* caption, std::string_view text) {
-    boxes.push_back({caption ? caption : "(default)", std::string(text), 0});
-}
-
 int FakeHost::QuestionBox(const char* caption, std::string_view text, QuestionKind kind) {
     boxes.push_back({caption ? caption : "(default)", std::string(text), static_cast<int>(kind)});
-    if (answers.empty()) return AnswerYes;
-    const int answer = answers.front();
-    answers.pop_front();
-    return answer;
-}
-
-void FakeHost::ErrorStream(std::string_view text) {
-    errorStream += text;
+    return TakeFront(answers, AnswerYes);
 }
 
 std::string FakeHost::ProfileGetString(std::string_view, std::string_view section,
                                        std::string_view key, std::string_view defaultValue,
                                        int capacity) {
-    std::optional<std::string> value = ProfileValue(section, key);
-    std::string result = value ? *value : std::string(defaultValue);
     if (capacity <= 0) return {};
-    if (static_cast<int>(result.size()) > capacity - 1) result.resize(capacity - 1);
-    return result;
+    std::optional<std::string> value = ProfileValue(section, key);
+    return std::string((value ? std::string_view(*value) : defaultValue).substr(0, capacity - 1));
 }
 
 int FakeHost::ProfileGetInt(std::string_view, std::string_view section, std::string_view key,
                             int defaultValue) {
     std::optional<std::string> value = ProfileValue(section, key);
-    if (!value) return defaultValue;
-    return std::atoi(value->c_str());
+    return value ? std::atoi(value->c_str()) : defaultValue;
 }
 
 bool FakeHost::ProfileWriteString(std::string_view, std::string_view section, std::string_view key,
@@ -78,27 +76,6 @@ bool FakeHost::ProfileWriteString(std::string_view, std::string_view section, st
     profileWrites.push_back("[" + std::string(section) + "] " + std::string(key) + "=" +
                             std::string(value));
     SetProfile(section, key, value);
-    return true;
-}
-
-std::string FakeHost::Environment(std::string_view name) {
-    auto it = environment.find(std::string(name));
-    return it == environment.end() ? std::string() : it->second;
-}
-
-void FakeHost::SetStatusPane(int pane, std::string_view text, bool beep) {
-    statusTexts.push_back({pane, std::string(text), beep});
-    if (beep) ++beeps;
-    if (pane >= 0 && pane < 5) statusPanes[pane] = std::string(text);
-}
-
-void FakeHost::EnableCommand(int commandIndex, bool enabled) {
-    enabledCommands[commandIndex] = enabled;
-    enableCalls.emplace_back(commandIndex, enabled);
-}
-
-bool FakeHost::ClipboardSetText(std::string_view text) {
-    clipboard = std::string(text);
     return true;
 }
 
@@ -112,29 +89,14 @@ bool FakeHost::CreateEditWindow(EditBuffer& buffer) {
     return true;
 }
 
-void FakeHost::SetWindowTitle(EditBuffer& buffer, std::string_view title) {
-    windowTitles[&buffer] = std::string(title);
-}
-
 void FakeHost::ActivateEditWindow(EditBuffer& buffer) {
     activatedWindows.push_back(&buffer);
     TheEditor().engine.currentBuffer = &buffer;
 }
 
-void FakeHost::RedrawLine(EditBuffer& buffer, int line) {
-    redrawnLines.emplace_back(&buffer, line);
-}
-
-void FakeHost::RedrawWindow(EditBuffer& buffer) {
-    redrawnWindows.push_back(&buffer);
-}
-
 std::optional<FileDialogResult> FakeHost::FileDialog(const FileDialogRequest& request) {
     fileDialogs.push_back(request);
-    if (fileDialogAnswers.empty()) return std::nullopt;
-    std::optional<FileDialogResult> answer = fileDialogAnswers.front();
-    fileDialogAnswers.pop_front();
-    return answer;
+    return TakeFront(fileDialogAnswers);
 }
 
 long FakeHost::LzCopy(std::string_view source, std::string_view target) {
@@ -151,35 +113,6 @@ long FakeHost::LzCopy(std::string_view source, std::string_view target) {
     return static_cast<long>(bytes.str().size());
 }
 
-void FakeHost::ShowProgress(std::string_view title, int total) {
-    progressEvents.push_back("show " + std::string(title) + " " + std::to_string(total));
-}
-
-void FakeHost::UpdateProgress(int done) {
-    progressEvents.push_back("update " + std::to_string(done));
-}
-
-void FakeHost::HideProgress() {
-    progressEvents.push_back("hide");
-}
-
-void FakeHost::SetProgressText(std::string_view text) {
-    progressEvents.push_back("text " + std::string(text));
-}
-
-void FakeHost::RecentFilesChanged(const std::vector<std::string>& labels) {
-    recentMenus.push_back(labels);
-}
-
-void FakeHost::SetScrollBarRange(EditBuffer&, bool vertical, int min, int max) {
-    scrollBarCalls.push_back(std::string(vertical ? "V" : "H") + " range " + std::to_string(min) +
-                             " " + std::to_string(max));
-}
-
-void FakeHost::SetScrollBarPos(EditBuffer&, bool vertical, int pos) {
-    scrollBarCalls.push_back(std::string(vertical ? "V" : "H") + " pos " + std::to_string(pos));
-}
-
 // --- Dialogs ----------------------------------------------------------------------------------
 
 void FakeHost::CreateControls(GadgetDialog& dialog) {
@@ -191,14 +124,10 @@ void FakeHost::CreateControls(GadgetDialog& dialog) {
 
 int FakeHost::RunDialog(GadgetDialog& dialog, bool modal) {
     shownDialogs.push_back(dialog.title);
-    std::function<void(GadgetDialog&)> action;
-    if (!dialogActions.empty()) {
-        action = std::move(dialogActions.front());
-        dialogActions.pop_front();
-    }
+    std::function<void(GadgetDialog&)> action = TakeFront(dialogActions);
     if (!modal) {
         if (dialog.window == nullptr) CreateControls(dialog);
-        visible_[&dialog] = true;
+        visible_.insert(&dialog);
         if (action) action(dialog);
         return 0;
     }
@@ -206,18 +135,14 @@ int FakeHost::RunDialog(GadgetDialog& dialog, bool modal) {
     endResults_.erase(&dialog);
     if (action) action(dialog);
     if (!endResults_.count(&dialog)) DialogCancelCommand(dialog);
-    const int result = endResults_.count(&dialog) ? endResults_[&dialog] : 0;
-    endResults_.erase(&dialog);
+    const auto ended = endResults_.extract(&dialog);
     DestroyDialogWindow(dialog);
-    return result;
+    return ended.empty() ? 0 : ended.mapped();
 }
 
 void FakeHost::EndDialog(GadgetDialog& dialog, int result) {
-    if (dialog.modal) {
-        if (!endResults_.count(&dialog)) endResults_[&dialog] = result;
-    } else {
-        visible_[&dialog] = false;
-    }
+    if (dialog.modal) endResults_.emplace(&dialog, result); // the first end counts
+    if (!dialog.modal) visible_.erase(&dialog);
 }
 
 void FakeHost::DestroyDialogWindow(GadgetDialog& dialog) {
@@ -229,45 +154,28 @@ void FakeHost::DestroyDialogWindow(GadgetDialog& dialog) {
     visible_.erase(&dialog);
 }
 
-bool FakeHost::DialogVisible(const GadgetDialog& dialog) const {
-    auto it = visible_.find(&dialog);
-    return it != visible_.end() && it->second;
-}
-
 void FakeHost::TypeText(Gadget& gadget, std::string_view text) {
-    std::string typed(text);
-    if (gadget.maxLength > 0 && static_cast<int>(typed.size()) > gadget.maxLength) {
-        typed.resize(gadget.maxLength);
-    }
-    typedTexts_[&gadget] = typed;
+    typedTexts_[&gadget] = text.substr(0, gadget.maxLength > 0 ? gadget.maxLength : text.size());
 }
 
 std::optional<std::string> FakeHost::ReadGadgetText(Gadget& gadget) {
-    auto it = typedTexts_.find(&gadget);
-    if (it == typedTexts_.end()) return std::nullopt;
-    std::string text = it->second;
-    typedTexts_.erase(it);
-    return text;
+    auto typed = typedTexts_.extract(&gadget);
+    if (typed.empty()) return std::nullopt;
+    return std::move(typed.mapped());
 }
 
 std::optional<std::string> FakeHost::InputDialog(std::string_view prompt, std::string_view initial,
                                                  int maxLength) {
     inputRequests.push_back({std::string(prompt), std::string(initial), maxLength});
-    if (inputAnswers.empty()) return std::nullopt;
-    std::optional<std::string> answer = inputAnswers.front();
-    inputAnswers.pop_front();
-    if (answer && maxLength >= 0 && static_cast<int>(answer->size()) > maxLength) {
+    std::optional<std::string> answer = TakeFront(inputAnswers);
+    if (answer && maxLength >= 0 && static_cast<int>(answer->size()) > maxLength)
         answer->resize(maxLength);
-    }
     return answer;
 }
 
 PrintDialogAnswer FakeHost::PrintDialog(const PrintDialogRequest& request) {
     printDialogs.push_back(request);
-    if (printDialogAnswers.empty()) return {};
-    PrintDialogAnswer answer = printDialogAnswers.front();
-    printDialogAnswers.pop_front();
-    return answer;
+    return TakeFront(printDialogAnswers);
 }
 
 PrinterStatus FakeHost::StartPrintJob(const PrintJobStart& start, PrinterMetrics& metrics) {
@@ -289,10 +197,10 @@ struct SymbolKey {
     char plain, shifted;
     int code;
 };
-constexpr SymbolKey SymbolKeys[] = {
-    {';', ':', 0xBA}, {'=', '+', 0xBB}, {',', '<', 0xBC}, {'-', '_', 0xBD}, {'.', '>', 0xBE},
-    {'/', '?', 0xBF}, {'`', '~', 0xC0}, {'[', '{', 0xDB}, {'\\', '|', 0xDC}, {']', '}', 0xDD},
-    {'\'', '"', 0xDE}};
+constexpr SymbolKey SymbolKeys[] = {{';', ':', 0xBA}, {'=', '+', 0xBB}, {',', '<', 0xBC},
+                                    {'-', '_', 0xBD}, {'.', '>', 0xBE}, {'/', '?', 0xBF},
+                                    {'`', '~', 0xC0}, {'[', '{', 0xDB}, {'\\', '|', 0xDC},
+                                    {']', '}', 0xDD}, {'\'', '"', 0xDE}};
 constexpr const char* ShiftedDigits = ")!@#$%^&*(";
 constexpr int ShiftState = 0x100;
 
@@ -331,11 +239,7 @@ uintptr_t FakeHost::LoadButtonPictures(std::string_view name) {
 bool FakeHost::RunProcess(std::string_view commandLine, std::string_view directory,
                           const std::function<void(std::string_view)>& output) {
     processRuns.push_back({std::string(commandLine), std::string(directory)});
-    ScriptedProcess script;
-    if (!processScripts.empty()) {
-        script = std::move(processScripts.front());
-        processScripts.pop_front();
-    }
+    const ScriptedProcess script = TakeFront(processScripts);
     if (!script.starts) return false;
     for (const std::string& piece : script.output)
         output(piece);

@@ -5,6 +5,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -31,7 +32,6 @@ class FakeHost : public Host {
     std::string errorStream;
     std::vector<StatusText> statusTexts;
     std::string statusPanes[5];
-    int beeps = 0;
     std::map<int, bool> enabledCommands; // last state pushed per command index
     std::vector<std::pair<int, bool>> enableCalls;
     int closeRequests = 0;
@@ -69,7 +69,7 @@ class FakeHost : public Host {
         std::string commandLine;
         std::string directory;
     };
-    std::vector<ProcessRun> processRuns;              // every RunProcess, started or not
+    std::vector<ProcessRun> processRuns; // every RunProcess, started or not
 
     // --- What the tests script ---
     // What the next RunProcess does; with none queued the program starts and prints nothing.
@@ -87,11 +87,12 @@ class FakeHost : public Host {
     std::map<std::string, std::string> environment;
     // The button pictures of the program's resources (names in any case).
     std::vector<std::string> pictureNames = {
-        "BUFLIST", "CASCADE", "COMMENT", "COPY", "CUT", "EXEMPLAR", "FILENEW", "FILEOPEN",
-        "FILESAVE", "GLASS", "GOTOLINE", "INDENT", "INFO", "NEXTERROR", "OUTPUT", "PASTE",
-        "PREVERROR", "PRINT", "QUESTION", "REDO", "REPLACE", "SAVEALL", "SAVEAS", "SEARCH",
-        "SEARCHNEXT", "SILOS", "THUNDER", "TILEHORIZONTAL", "TILEVERTICAL", "TOOLS", "TRAP",
-        "UNCOMMENT", "UNDO", "UNINDENT", "VSYSTEM"};
+        "BUFLIST",    "CASCADE",   "COMMENT",  "COPY",           "CUT",          "EXEMPLAR",
+        "FILENEW",    "FILEOPEN",  "FILESAVE", "GLASS",          "GOTOLINE",     "INDENT",
+        "INFO",       "NEXTERROR", "OUTPUT",   "PASTE",          "PREVERROR",    "PRINT",
+        "QUESTION",   "REDO",      "REPLACE",  "SAVEALL",        "SAVEAS",       "SEARCH",
+        "SEARCHNEXT", "SILOS",     "THUNDER",  "TILEHORIZONTAL", "TILEVERTICAL", "TOOLS",
+        "TRAP",       "UNCOMMENT", "UNDO",     "UNINDENT",       "VSYSTEM"};
 
     // In-memory profile: file -> section -> key -> value (sections and keys compared
     // without regard to case, as the platform does).
@@ -99,9 +100,11 @@ class FakeHost : public Host {
     std::optional<std::string> ProfileValue(std::string_view section, std::string_view key) const;
     std::string ErrorBoxTexts() const; // every box text, one per line
 
-    void ErrorBox(const char* caption, std::string_view text) override;
+    void ErrorBox(const char* caption, std::string_view text) override {
+        boxes.push_back({caption ? caption : "(default)", std::string(text), 0});
+    }
     int QuestionBox(const char* caption, std::string_view text, QuestionKind kind) override;
-    void ErrorStream(std::string_view text) override;
+    void ErrorStream(std::string_view text) override { errorStream += text; }
     std::string ProfileGetString(std::string_view file, std::string_view section,
                                  std::string_view key, std::string_view defaultValue,
                                  int capacity) override;
@@ -110,34 +113,63 @@ class FakeHost : public Host {
     bool ProfileWriteString(std::string_view file, std::string_view section, std::string_view key,
                             std::string_view value) override;
     std::string ProgramPath() override { return programPath; }
-    std::string Environment(std::string_view name) override;
+    std::string Environment(std::string_view name) override {
+        auto it = environment.find(std::string(name));
+        return it == environment.end() ? std::string() : it->second;
+    }
     std::string CurrentDirectory() override { return currentDirectory; }
-    void SetStatusPane(int pane, std::string_view text, bool beep) override;
-    void Beep() override { ++beeps; }
-    void EnableCommand(int commandIndex, bool enabled) override;
+    void SetStatusPane(int pane, std::string_view text, bool beep) override {
+        statusTexts.push_back({pane, std::string(text), beep});
+        if (pane >= 0 && pane < 5) statusPanes[pane] = std::string(text);
+    }
+    void Beep() override {}
+    void EnableCommand(int commandIndex, bool enabled) override {
+        enabledCommands[commandIndex] = enabled;
+        enableCalls.emplace_back(commandIndex, enabled);
+    }
     void PostCloseFrame() override { ++closeRequests; }
     bool ClipboardHasText() override { return clipboard.has_value(); }
     std::optional<std::string> ClipboardGetText() override { return clipboard; }
-    bool ClipboardSetText(std::string_view text) override;
+    bool ClipboardSetText(std::string_view text) override {
+        clipboard = std::string(text);
+        return true;
+    }
     bool CreateEditWindow(EditBuffer& buffer) override;
-    void SetWindowTitle(EditBuffer& buffer, std::string_view title) override;
+    void SetWindowTitle(EditBuffer& buffer, std::string_view title) override {
+        windowTitles[&buffer] = std::string(title);
+    }
     void ActivateEditWindow(EditBuffer& buffer) override;
-    void RedrawLine(EditBuffer& buffer, int line) override;
-    void RedrawWindow(EditBuffer& buffer) override;
+    void RedrawLine(EditBuffer& buffer, int line) override {
+        redrawnLines.emplace_back(&buffer, line);
+    }
+    void RedrawWindow(EditBuffer& buffer) override { redrawnWindows.push_back(&buffer); }
     void UpdateCaretAndStatus(EditBuffer&) override { ++caretUpdates; }
     void ScrollPositionChanged(EditBuffer&) override { ++scrollUpdates; }
     std::optional<FileDialogResult> FileDialog(const FileDialogRequest& request) override;
     long LzCopy(std::string_view source, std::string_view target) override;
     void SetBusyCursor(bool busy) override { busyCursorDepth += busy ? 1 : -1; }
-    void ShowProgress(std::string_view title, int total) override;
-    void UpdateProgress(int done) override;
-    void HideProgress() override;
-    void SetProgressText(std::string_view text) override;
-    void RecentFilesChanged(const std::vector<std::string>& labels) override;
+    void ShowProgress(std::string_view title, int total) override {
+        progressEvents.push_back("show " + std::string(title) + " " + std::to_string(total));
+    }
+    void UpdateProgress(int done) override {
+        progressEvents.push_back("update " + std::to_string(done));
+    }
+    void HideProgress() override { progressEvents.push_back("hide"); }
+    void SetProgressText(std::string_view text) override {
+        progressEvents.push_back("text " + std::string(text));
+    }
+    void RecentFilesChanged(const std::vector<std::string>& labels) override {
+        recentMenus.push_back(labels);
+    }
     void ArrangeEditWindows(WindowArrangement how) override { arrangements.push_back(how); }
     void AboutBox(const std::vector<std::string>& lines) override { aboutBoxes.push_back(lines); }
-    void SetScrollBarRange(EditBuffer& buffer, bool vertical, int min, int max) override;
-    void SetScrollBarPos(EditBuffer& buffer, bool vertical, int pos) override;
+    void SetScrollBarRange(EditBuffer&, bool vertical, int min, int max) override {
+        scrollBarCalls.push_back(std::string(vertical ? "V" : "H") + " range " +
+                                 std::to_string(min) + " " + std::to_string(max));
+    }
+    void SetScrollBarPos(EditBuffer&, bool vertical, int pos) override {
+        scrollBarCalls.push_back(std::string(vertical ? "V" : "H") + " pos " + std::to_string(pos));
+    }
     void ScrollWindowLines(EditBuffer&, int lines) override {
         scrolledWindowLines.push_back(lines);
     }
@@ -203,7 +235,7 @@ class FakeHost : public Host {
     std::vector<InputRequest> inputRequests;
     // Types into an edit gadget's control as a user would: cut to the gadget's text limit.
     void TypeText(Gadget& gadget, std::string_view text);
-    bool DialogVisible(const GadgetDialog& dialog) const;
+    bool DialogVisible(const GadgetDialog& dialog) const { return visible_.count(&dialog) > 0; }
     DialogBaseUnits dialogBaseUnits{8, 16};
     std::map<const Gadget*, bool> gadgetShown; // last ShowGadgetControl per gadget
     const Gadget* focusedGadget = nullptr;
@@ -223,7 +255,7 @@ class FakeHost : public Host {
   private:
     void CreateControls(GadgetDialog& dialog);
     std::map<const GadgetDialog*, int> endResults_;   // modal dialogs ended while running
-    std::map<const GadgetDialog*, bool> visible_;     // modeless dialogs
+    std::set<const GadgetDialog*> visible_;           // modeless dialogs shown
     std::map<const Gadget*, std::string> typedTexts_; // controls' texts the user typed
     struct LessIgnoringCase {
         using is_transparent = void;
