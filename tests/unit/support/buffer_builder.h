@@ -21,14 +21,9 @@ class TestBuffer {
         buffer_.lines.growBy = 1000;
         buffer_.visibleLines = 20;
         buffer_.visibleColumns = 80;
-        size_t from = 0;
-        for (;;) {
-            const size_t lf = text.find('\n', from);
-            const std::string_view line = text.substr(
-                from, lf == std::string_view::npos ? std::string_view::npos : lf - from);
-            EXPECT_EQ(AppendLine(&buffer_.lines, line), 0);
-            if (lf == std::string_view::npos) break;
-            from = lf + 1;
+        for (size_t from = 0, lf = 0; lf != std::string_view::npos; from = lf + 1) {
+            lf = text.find('\n', from);
+            EXPECT_EQ(AppendLine(&buffer_.lines, text.substr(from, lf - from)), 0);
         }
         EXPECT_EQ(InitTransactionLog(buffer_), 1);
         if (makeCurrent) TheEditor().engine.currentBuffer = &buffer_;

@@ -9,17 +9,15 @@ namespace ruvo {
 
 // The first gadget whose caption is `text`, or null.
 inline Gadget* GadgetWithText(GadgetDialog& dialog, std::string_view text) {
-    for (auto& gadget : dialog.gadgets) {
+    for (auto& gadget : dialog.gadgets)
         if (gadget->text == text) return gadget.get();
-    }
     return nullptr;
 }
 
 // The gadget created right after the one captioned `label` (an edit after its label), or null.
 inline Gadget* GadgetAfter(GadgetDialog& dialog, std::string_view label) {
-    for (size_t i = 0; i + 1 < dialog.gadgets.size(); ++i) {
+    for (size_t i = 0; i + 1 < dialog.gadgets.size(); ++i)
         if (dialog.gadgets[i]->text == label) return dialog.gadgets[i + 1].get();
-    }
     return nullptr;
 }
 

@@ -12,7 +12,7 @@
 namespace ruvo {
 
 class EditorTest : public ::testing::Test {
-protected:
+  protected:
     EditorTest() : owned(std::make_unique<Editor>(host)), editor(*owned) {
         InstallEditor(owned.get());
     }
