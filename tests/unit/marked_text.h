@@ -10,26 +10,22 @@
 
 namespace ruvo {
 
-// A mark past a line's end is written after it as "@column" and the mark.
+// Marks past a line's end are not written, so a caret there shows as a missing '|'.
 inline std::string Marked(TestBuffer& buffer) {
     const EditBuffer& b = *buffer;
     const bool selected = b.lines.hasSelection != 0;
     std::string out;
     for (int32_t line = 0; line < b.lines.lineCount; ++line) {
         const std::string text = b.lines.lineText[line];
-        const int32_t size = static_cast<int32_t>(text.size());
-        const auto marks = [&](int32_t column) {
-            const TextPos at = MakePos(line, column);
-            std::string m;
-            if (selected && b.selStart == at) m += '[';
-            if (!selected && !(b.anchor == b.cursor) && b.anchor == at) m += '^';
-            if (b.cursor == at) m += '|';
-            if (selected && b.selEnd == at) m += ']';
-            return column > size && !m.empty() ? "@" + std::to_string(column) + m : m;
-        };
         if (line > 0) out += '\n';
-        for (int32_t column = 0; column < 300; ++column)
-            out += marks(column) + (column < size ? text.substr(column, 1) : "");
+        for (int32_t column = 0; column <= static_cast<int32_t>(text.size()); ++column) {
+            const TextPos at = MakePos(line, column);
+            if (selected && b.selStart == at) out += '[';
+            if (!selected && !(b.anchor == b.cursor) && b.anchor == at) out += '^';
+            if (b.cursor == at) out += '|';
+            if (selected && b.selEnd == at) out += ']';
+            out += text.substr(column, 1);
+        }
     }
     return out;
 }

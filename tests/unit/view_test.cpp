@@ -2,6 +2,7 @@
 // status panes, and the pixel layout of rows, the caret, error markers and found text.
 #include <climits>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -60,30 +61,25 @@ class ViewTest : public EditorTest {
 TEST_F(ViewTest, ScrollingStopsAtTheLastFullPageAtZeroAndAt255Columns) {
     TestBuffer buffer(NumberedLines(100));
     buffer->visibleLines = 10;
-    // {vertical, by, moved, position after}: paging right from 250 goes past 255, as only a
-    // left column of 255 itself stops.
-    const int steps[][4] = {{1, 5, 5, 5},      {1, 200, 85, 90},   {1, 1, 0, 90},
-                            {1, -99, -90, 0},  {0, -1, 0, 0},      {0, 250, 250, 250},
-                            {0, 80, 80, 330},  {0, -75, -75, 255}, {0, 1, 0, 255},
-                            {0, -300, -255, 0}};
-    for (const auto& [vertical, by, moved, after] : steps) {
-        EXPECT_EQ(vertical != 0 ? ScrollLines(*buffer, by) : ScrollColumns(*buffer, by), moved);
-        EXPECT_EQ(vertical != 0 ? buffer->topLine : buffer->leftColumn, after) << by;
-    }
     // {vertical, code, thumb, moved}: the vertical bar scrolls the window's pixels, the
-    // horizontal one redraws it and moves the caret; Bottom and unknown codes do nothing there.
-    const int bars[][4] = {{1, 1, 0, 1},   {1, 3, 0, 10},  {1, 0, 0, -1},   {1, 2, 0, -10},
-                           {1, 5, 42, 42}, {1, 4, 37, -5}, {1, 7, 0, 53},   {1, 6, 0, -90},
-                           {1, 8, 0, 0},   {0, 3, 0, 80},  {0, 5, 20, -60}, {0, 0, 0, -1},
-                           {0, 1, 0, 1},   {0, 7, 0, 0},   {0, 8, 0, 0},    {0, 6, 0, -20}};
+    // horizontal one redraws it and moves the caret. Scrolling stops at the last full page and at
+    // 0; only a left column of 255 itself stops paging right. Bottom and unknown codes do nothing
+    // sideways.
+    const int bars[][4] = {{1, 1, 0, 1},   {1, 3, 0, 10},  {1, 0, 0, -1},    {1, 2, 0, -10},
+                           {1, 0, 0, 0},   {1, 5, 42, 42}, {1, 4, 37, -5},   {1, 7, 0, 53},
+                           {1, 1, 0, 0},   {1, 6, 0, -90}, {1, 5, 5, 5},     {1, 2, 0, -5},
+                           {1, 8, 0, 0},   {0, 0, 0, 0},   {0, 5, 250, 250}, {0, 3, 0, 80},
+                           {0, 2, 0, -80}, {0, 5, 255, 5}, {0, 1, 0, 0},     {0, 5, -45, -255},
+                           {0, 5, 20, 20}, {0, 0, 0, -1},  {0, 1, 0, 1},     {0, 7, 0, 0},
+                           {0, 8, 0, 0},   {0, 6, 0, -20}};
     for (const auto& [vertical, code, thumb, moved] : bars) {
         int32_t& position = vertical != 0 ? buffer->topLine : buffer->leftColumn;
         const int32_t before = position;
         EXPECT_EQ(ScrollByBar(*buffer, vertical != 0, static_cast<BarCode>(code), thumb), moved);
         EXPECT_EQ(position, before + moved) << vertical << " code " << code;
     }
-    EXPECT_EQ(host.scrolledWindowLines, (std::vector<int>{1, 10, -1, -10, 42, -5, 53, -90}));
-    EXPECT_EQ(host.redrawnWindows.size() + host.caretMoves, 10u); // each horizontal move
+    EXPECT_EQ(host.scrolledWindowLines, (std::vector<int>{1, 10, -1, -10, 42, -5, 53, -90, 5, -5}));
+    EXPECT_EQ(host.redrawnWindows.size() + host.caretMoves, 18u); // each horizontal move
     // Fitting keeps a full last page; a window taller than the text shows it from the top.
     buffer->topLine = 95;
     BarCalls();
@@ -259,6 +255,7 @@ TEST_F(ViewTest, RowsAreColouredSplitAtTheSelectionAndTabbedFromTheTextsColumnZe
         {{2, 1}, {3, 0}, 3, "[last line]t@0 white 9"},
         {{0, 3}, {0, 10}, 3, "[last line]t@0 white 9"},    // after the selection
         {{3, 2}, {4, 1}, 1, "[signal]k@0[ a]t@6 white 8"}, // before it
+        {{1, 2}, {1, 2}, 1, "[signal]k@0[ a]t@6 white 8"}, // none
     };
     for (const auto& row : rows) {
         buffer.Select(row.from, row.to);
@@ -295,19 +292,26 @@ TEST_F(ViewTest, ErrorMarkersOnlyOnPaintedLinesUpToTheClosingEntry) {
     Measure(*buffer);
     buffer->topLine = 5;
     ErrorMarker markers[4];
-    const auto count = [&] {
-        return CollectErrorMarkers(*buffer, PlanPaint(*buffer, 0, 60, true), markers, 4);
+    const auto count = [&](int capacity, bool margin = true) {
+        return CollectErrorMarkers(*buffer, PlanPaint(*buffer, 0, 60, margin), markers, capacity);
     };
-    EXPECT_EQ(count(), 0); // no source installed
-    // {source line, result line, kind}: above the view, on its partial last row, below it,
-    // then the closing entry (-1 or -2) and one after it.
+    EXPECT_EQ(count(4), 0); // no source installed
+    // {source line, result line, kind}: above the view, on its partial last row, on its first
+    // row, below it, then the closing entry (-1 or -2) and one after it.
+    static int32_t closing = -2;
     editor.engine.display.errorSource = [](const EditBuffer&, int32_t i, MarginError& entry) {
-        const MarginError entries[] = {{3, 1, 0}, {38, 3, 1}, {40, 4, 0}, {0, -2, 0}, {10, 6, 0}};
-        entry = entries[std::min(i, 4)];
-        return i < 5;
+        const MarginError entries[] = {{3, 1, 0},  {38, 3, 2},      {6, 3, 0},
+                                       {40, 4, 0}, {0, closing, 0}, {10, 6, 0}};
+        entry = entries[std::min(i, 5)];
+        return i < 6;
     };
-    EXPECT_EQ(count(), 1);
-    EXPECT_EQ(markers[0].line, 37);
+    EXPECT_EQ(count(4, false), 0); // no margin painted
+    EXPECT_EQ(count(1), 1);
+    EXPECT_EQ(count(4), 2);
+    EXPECT_EQ(std::tuple(markers[0].line, markers[0].color, markers[1].line, markers[1].color),
+              std::tuple(37, ColorYellow, 5, ColorMarginError));
+    closing = -1;
+    EXPECT_EQ(count(4), 2);
     EXPECT_EQ(ErrorMarkerBox(*buffer, 7), (PixelRect{3, 30, 13, 40}));
 }
 
