@@ -245,7 +245,9 @@ TEST_F(EditInputTest, CloseQuestionAsksOnlyForModifiedDocuments) {
         TypeChar(*editor.engine.currentBuffer, '-');
         return *editor.engine.currentBuffer;
     };
-    EditBuffer& report = open("report.txt", "");
+    // A report past the 8 MB of one storage block, read in 254-byte pieces.
+    EditBuffer& report = open("report.txt", std::string(9 << 20, 'x'));
+    EXPECT_EQ(report.lines.lineCount, (9 << 20) / 254 + 1);
     report.windowKind = KindMessage;
     EXPECT_EQ(QueryCloseBuffer(report), 1);
     // Cancel keeps it open, No closes without saving, Yes saves first; a failed save keeps it.

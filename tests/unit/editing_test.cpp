@@ -93,11 +93,9 @@ TEST_F(EditingTest, CommandsTakeTheirPieceJoinLinesOrRefuseAndUndoRestores) {
 // the caret ("line.column", then "/top" for the window's top line): < > character, ^ v line,
 // w W word, h e line start and end, p P page, b E document, u r undo and redo.
 void Walk(TestBuffer& buffer, const std::string& walk) {
-    const std::pair<char, int (*)()> commands[] = {
-        {'<', GoCharLeft}, {'>', GoCharRight}, {'^', GoLineUp},    {'v', GoLineDown},
-        {'w', GoWordLeft}, {'W', GoWordRight}, {'h', GoBeginLine}, {'e', GoEndLine},
-        {'p', GoPageUp},   {'P', GoPageDown},  {'b', GoBeginDoc},  {'E', GoEndDoc},
-        {'u', EditUndo},   {'r', EditRedo}};
+    int (*const commands[])() = {GoCharLeft,  GoCharRight, GoLineUp,  GoLineDown, GoWordLeft,
+                                 GoWordRight, GoBeginLine, GoEndLine, GoPageUp,   GoPageDown,
+                                 GoBeginDoc,  GoEndDoc,    EditUndo,  EditRedo};
     const std::string text = buffer.Text();
     std::istringstream steps(walk);
     int32_t line = 0, column = 0, top = -1;
@@ -106,8 +104,7 @@ void Walk(TestBuffer& buffer, const std::string& walk) {
     buffer.PlaceCaret(line, column);
     while (steps >> letter >> line >> dot >> column) {
         SCOPED_TRACE(text.substr(0, 12) + " " + walk + " at " + letter + std::to_string(line));
-        for (const auto& [name, command] : commands)
-            if (name == letter) command();
+        commands[std::string_view("<>^vwWhepPbEur").find(letter)]();
         EXPECT_EQ(buffer->anchor, buffer->cursor);
         EXPECT_EQ(buffer->cursor, MakePos(line, column));
         if (steps.peek() == '/' && steps >> dot >> top) {

@@ -182,14 +182,13 @@ TEST_F(ViewTest, FontHeightFollowsThePointSizeAndTheScreen) {
                std::to_string(EditorFontHeight(size, 96)) + " " +
                std::to_string(EditorFontHeight(size, 120));
     };
-    EXPECT_EQ(font(" \t14pt"), "14 -19 -23");
-    EXPECT_EQ(font("+9"), "9 -12 -15");
-    EXPECT_EQ(font("  "), "10 -13 -17");
-    EXPECT_EQ(font("-"), "10 -13 -17");
-    EXPECT_EQ(font("abc"), "10 -13 -17");
-    EXPECT_EQ(font("-3"), "10 -13 -17");
-    EXPECT_EQ(font("1"), "1 -1 -2");
-    EXPECT_EQ(font("99999999"), "99999 -133332 -166665");
+    const std::pair<const char*, const char*> fonts[] = {
+        {" \t14pt", "14 -19 -23"}, {"+9", "9 -12 -15"},
+        {"  ", "10 -13 -17"},      {"-", "10 -13 -17"},
+        {"abc", "10 -13 -17"},     {"-3", "10 -13 -17"},
+        {"1", "1 -1 -2"},          {"99999999", "99999 -133332 -166665"}};
+    for (const auto& [size, expected] : fonts)
+        EXPECT_EQ(font(size), expected);
     // Halves go away from zero; a zero divisor or an overflow gives -1.
     const int mulDivs[][4] = {{5, 3, 2, 8},           {-5, 3, 2, -8},          {5, 3, -2, -8},
                               {7, 1, 3, 2},           {1, 1, 0, -1},           {1 << 30, 8, 1, -1},
