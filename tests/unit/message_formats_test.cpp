@@ -90,7 +90,6 @@ TEST_F(MessageFormatsTest, WrittenLinesOfOtherToolsAndOtherPaths) {
         {"Questa", "# Break in Process stim at C:/tb.vhd line 43", "C:/tb.vhd:43:0E"},
         {"Vivado", "ERROR: [VRFC 10-91] 'q' is not declared [\"C:/my proj/top.vhd\":12]",
          "C:/my proj/top.vhd:12:0E"},
-        {"Vivado", "ERROR: [XSIM 43-3225] Cannot find design unit [x]", ""},
         {"Vivado", "CRITICAL WARNING: [VRFC 10-3] bus x[7:0] [C:\\p\\a.v:9]", "C:\\p\\a.v:9:0W"},
         {"Quartus", "Error (10161): at top.v(7): no File: /proj/top.v Line: 7", "/proj/top.v:7:0E"},
         {"GHDL", "C:\\my proj\\tb.vhd:20:5:@10ns:(assertion failure): done",
