@@ -107,6 +107,7 @@ TEST_F(LanguageTest, ExtensionListsChooseTheLanguage) {
 TEST_F(LanguageTest, AddingAndDeletingMoveTheEntriesInPlace) {
     const std::tuple<int, int, bool, const char*> cases[] = {
         {5, 1, false, "1|None B C D  |0 -1 1 2 3 -1 "},
+        {3, 1, false, "1|None B C   |0 -1 1 2 4 5 "},
         {5, 5, false, "1|None A B C D |0 1 2 3 4 -1 "},
         {2, 1, true, "2|None A New B  |0 1 3 4 5 -1 "},
         {5, 2, true, "3|None A B New C D|0 1 2 4 5 -1 "},
@@ -154,6 +155,14 @@ TEST_F(LanguageTest, OptionsFilesGiveSortedGroupsColoursAndTheExpanderTable) {
                          lang.groups[2].attribute.color), // read for an empty group too
               std::tuple(MakeColor(1, 2, 3), 4, MakeColor(5, 6, 7)));
     EXPECT_FALSE(HasStartupErrors());
+    // Out of memory anywhere: the words read so far stay, and names and values still pair up.
+    AllocatorStats& stats = editor.settings.allocator;
+    for (long extra = 0; extra < 400; extra += 7) {
+        stats.limitBytes = stats.totalBytes + extra;
+        const LanguageDef& cut = LoadWithFile(file.path());
+        EXPECT_EQ(cut.expanderNames.Count(), cut.expanderValues.Count()) << extra;
+    }
+    stats.limitBytes = -1;
     TempFile second("[Group1]\nbeta\n"); // reloading replaces the words
     EXPECT_EQ(Words(LoadWithFile(second.path()).groups[0].words), Texts{"beta"});
     EXPECT_TRUE(lang.expanderNames.Empty());

@@ -88,6 +88,7 @@ TEST_F(SyntaxTest, LinesSplitIntoCommentKeywordStringAndAbbreviationRuns) {
     EXPECT_EQ(Runs("Begin begin END", &language), "[Begin]kw1[ begin END]text");
     EXPECT_EQ(KeywordLengthInGroup(language, 2, "std)") + KeywordLengthInGroup(language, 6, "s"),
               3);
+    EXPECT_EQ(FindKeyword(language, "").length + FindKeyword(language, "_end").length, 0);
 }
 
 TEST_F(SyntaxTest, AbbreviationsExpandTheWholeTextWithoutRegardToCase) {
