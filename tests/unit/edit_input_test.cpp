@@ -53,19 +53,19 @@ TEST_F(EditInputTest, KeysMoveTheCaretEditAndShiftExtendsTheSelection) {
     TestBuffer buffer("ab cd\n\tx y\nz;");
     // Back and Delete take the selection, else a character; Return splits the line; keys
     // outside 8..46 and keys without an action do nothing.
-    Press(buffer, {{KeyEnd, "", "ab cd|\n\tx y\nz;"},       {KeyHome, "", "|ab cd\n\tx y\nz;"},
-                   {KeyRight, "c", "ab |cd\n\tx y\nz;"},    {KeyRight, "", "ab c|d\n\tx y\nz;"},
-                   {KeyLeft, "c", "ab |cd\n\tx y\nz;"},     {KeyLeft, "", "ab| cd\n\tx y\nz;"},
-                   {KeyDown, "c", "ab cd\n\t|x y\nz;"},     {KeyUp, "", "ab c|d\n\tx y\nz;"},
-                   {KeyEnd, "c", "ab cd\n\tx y\nz;|"},      {KeyHome, "c", "|ab cd\n\tx y\nz;"},
-                   {KeyPageDown, "c", "ab cd\n\tx y\nz;|"}, {KeyPageUp, "c", "|ab cd\n\tx y\nz;"},
-                   {KeyRight, "sc", "[ab |]cd\n\tx y\nz;"}, {KeyDown, "s", "[ab cd\n\t|]x y\nz;"},
-                   {KeyUp, "", "ab c|d\n\tx y\nz;"},        {KeyRight, "s", "ab c[d|]\n\tx y\nz;"},
-                   {KeyDelete, "", "ab c|\n\tx y\nz;"},     {KeyReturn, "", "ab c\n|\n\tx y\nz;"},
-                   {KeyBack, "", "ab c|\n\tx y\nz;"},       {KeyDelete, "", "ab c|\tx y\nz;"},
-                   {KeyLeft, "s", "ab [|c]\tx y\nz;"},      {KeyBack, "c", "ab |\tx y\nz;"},
-                   {KeyBack - 1, "", "ab |\tx y\nz;"},      {KeyBack + 1, "", "ab |\tx y\nz;"},
-                   {KeyDelete + 1, "", "ab |\tx y\nz;"}});
+    Press(buffer, {{KeyEnd, "", "ab cd|\n\tx y\nz;"},      {KeyHome, "", "|ab cd\n\tx y\nz;"},
+                   {KeyRight, "c", "ab |cd\n\tx y\nz;"},   {KeyRight, "", "ab c|d\n\tx y\nz;"},
+                   {KeyLeft, "c", "ab |cd\n\tx y\nz;"},    {KeyLeft, "", "ab| cd\n\tx y\nz;"},
+                   {KeyDown, "c", "ab cd\n\t|x y\nz;"},    {KeyLeft, "", "ab cd\n|\tx y\nz;"},
+                   {KeyUp, "", "|ab cd\n\tx y\nz;"},       {KeyEnd, "c", "ab cd\n\tx y\nz;|"},
+                   {KeyHome, "c", "|ab cd\n\tx y\nz;"},    {KeyPageDown, "c", "ab cd\n\tx y\nz;|"},
+                   {KeyPageUp, "c", "|ab cd\n\tx y\nz;"},  {KeyRight, "sc", "[ab |]cd\n\tx y\nz;"},
+                   {KeyDown, "s", "[ab cd\n\t|]x y\nz;"},  {KeyUp, "", "ab c|d\n\tx y\nz;"},
+                   {KeyRight, "s", "ab c[d|]\n\tx y\nz;"}, {KeyDelete, "", "ab c|\n\tx y\nz;"},
+                   {KeyReturn, "", "ab c\n|\n\tx y\nz;"},  {KeyBack, "", "ab c|\n\tx y\nz;"},
+                   {KeyDelete, "", "ab c|\tx y\nz;"},      {KeyLeft, "s", "ab [|c]\tx y\nz;"},
+                   {KeyBack, "c", "ab |\tx y\nz;"},        {KeyBack - 1, "", "ab |\tx y\nz;"},
+                   {KeyBack + 1, "", "ab |\tx y\nz;"},     {KeyDelete + 1, "", "ab |\tx y\nz;"}});
 
     // Page keys move by the window height; Insert switches the mode of every window and
     // records nothing; the window that got a key becomes the current one.
