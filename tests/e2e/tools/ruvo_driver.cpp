@@ -88,6 +88,13 @@ HWND RequireFrame() {
     return Require(Frame(), "no window of class DavoEditClass");
 }
 
+// Sends (or posts) a message to the frame: what that returned.
+std::string ToFrame(UINT message, WPARAM wParam, bool post = false) {
+    HWND frame = RequireFrame();
+    return std::to_string(post ? PostMessageA(frame, message, wParam, 0)
+                               : SendMessageA(frame, message, wParam, 0));
+}
+
 HWND MdiClient() {
     return Require(FindWindowExA(RequireFrame(), nullptr, "MDICLIENT", nullptr),
                    "the frame has no MDI client");
@@ -136,9 +143,11 @@ std::string WaitFor(const std::string& seconds, const std::string& failure, Cond
     return "ok";
 }
 
-std::string RectText(RECT r) {
-    return std::to_string(r.left) + " " + std::to_string(r.top) + " " +
-           std::to_string(r.right - r.left) + " " + std::to_string(r.bottom - r.top);
+// "x y width height", or only "width height".
+std::string RectText(RECT r, bool withOrigin = true) {
+    const std::string size =
+        std::to_string(r.right - r.left) + " " + std::to_string(r.bottom - r.top);
+    return withOrigin ? std::to_string(r.left) + " " + std::to_string(r.top) + " " + size : size;
 }
 
 RECT ScreenRect(HWND window, bool client = false) {
@@ -183,9 +192,8 @@ HWND FindTitled(const std::string& title) {
 
 std::string Escaped(const std::string& text) {
     std::string escaped;
-    for (char c : text) {
+    for (char c : text)
         if (c != '\r') escaped += c == '\n' ? std::string("\\n") : std::string(1, c);
-    }
     return escaped;
 }
 
@@ -270,10 +278,8 @@ std::string LaunchTimed(Arguments a) {
                            nullptr, &startup, &process),
             "cannot start " + program);
     WaitFor(a[0], "no edit window", [] {
-        HWND client = IsWindowVisible(Frame())
-                          ? FindWindowExA(Frame(), nullptr, "MDICLIENT", nullptr)
-                          : nullptr;
-        return client != nullptr && GetWindow(client, GW_CHILD) != nullptr;
+        return IsWindowVisible(Frame()) &&
+               GetWindow(FindWindowExA(Frame(), nullptr, "MDICLIENT", nullptr), GW_CHILD);
     });
     WaitUntilIdle(process.hProcess, a[0]);
     CloseHandle(process.hThread);
@@ -391,11 +397,7 @@ const Command Commands[] = {
                             : IsIconic(Frame())      ? "minimized"
                                                      : "normal");
      }},
-    {"client-size", 0,
-     [](Arguments) {
-         const RECT r = ScreenRect(RequireFrame(), true);
-         return std::to_string(r.right - r.left) + " " + std::to_string(r.bottom - r.top);
-     }},
+    {"client-size", 0, [](Arguments) { return RectText(ScreenRect(RequireFrame(), true), false); }},
     {"child-rect", 1,
      [](Arguments a) {
          RECT r = ScreenRect(NamedWindow(a[0]));
@@ -420,20 +422,13 @@ const Command Commands[] = {
      }},
     {"children", 0, Children},
     {"active", 0, [](Arguments) { return ActiveChild() ? TitleOf(ActiveChild()) : "-"; }},
-    {"command", 1,
-     [](Arguments a) {
-         return std::to_string(SendMessageA(RequireFrame(), WM_COMMAND, CommandId(a[0]), 0));
-     }},
-    {"post-command", 1,
-     [](Arguments a) {
-         return std::to_string(PostMessageA(RequireFrame(), WM_COMMAND, CommandId(a[0]), 0));
-     }},
+    {"command", 1, [](Arguments a) { return ToFrame(WM_COMMAND, CommandId(a[0])); }},
+    {"post-command", 1, [](Arguments a) { return ToFrame(WM_COMMAND, CommandId(a[0]), true); }},
     // "-": a menu closing, no item and the flags all set.
     {"menu-select", 1,
      [](Arguments a) {
-         const WPARAM item =
-             a[0] == "-" ? MAKEWPARAM(0, 0xFFFF) : MAKEWPARAM(CommandId(a[0]), MF_STRING);
-         return std::to_string(SendMessageA(RequireFrame(), WM_MENUSELECT, item, 0));
+         return ToFrame(WM_MENUSELECT, a[0] == "-" ? MAKEWPARAM(0, 0xFFFF)
+                                                   : MAKEWPARAM(CommandId(a[0]), MF_STRING));
      }},
     {"move", 4,
      [](Arguments a) {
@@ -444,13 +439,12 @@ const Command Commands[] = {
     {"show", 1,
      [](Arguments a) {
          const WPARAM how = a[0] == "max" ? SC_MAXIMIZE : a[0] == "min" ? SC_MINIMIZE : SC_RESTORE;
-         return std::to_string(SendMessageA(RequireFrame(), WM_SYSCOMMAND, how, 0));
+         return ToFrame(WM_SYSCOMMAND, how);
      }},
     {"hand-over", 1, HandOver},
     {"foreground", 0, Foreground},
     {"clipboard", 0, Clipboard},
-    {"close", 0,
-     [](Arguments) { return std::to_string(PostMessageA(RequireFrame(), WM_CLOSE, 0, 0)); }},
+    {"close", 0, [](Arguments) { return ToFrame(WM_CLOSE, 0, true); }},
     {"launch-timed", 2, LaunchTimed},
     {"type-timed", 2, TypeTimed},
     {"caret", 0, Caret},
@@ -472,9 +466,8 @@ int main(int argc, char** argv) {
     if (args.empty()) Fail("no command given (see the top of ruvo_driver.cpp)");
     for (size_t at = 0; at < args.size(); ++at) {
         const Command* command = nullptr;
-        for (const Command& c : Commands) {
+        for (const Command& c : Commands)
             if (args[at] == c.name) command = &c;
-        }
         if (command == nullptr) Fail("unknown command '" + args[at] + "'");
         if (at + static_cast<size_t>(command->arguments) >= args.size())
             Fail(args[at] + " needs " + std::to_string(command->arguments) + " argument(s)");

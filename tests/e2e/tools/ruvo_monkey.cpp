@@ -41,9 +41,7 @@ HWND Client() {
 }
 
 HWND ActiveChild() {
-    HWND client = Client();
-    return client == nullptr ? nullptr
-                             : reinterpret_cast<HWND>(SendMessageA(client, WM_MDIGETACTIVE, 0, 0));
+    return reinterpret_cast<HWND>(SendMessageA(Client(), WM_MDIGETACTIVE, 0, 0));
 }
 
 int ChildCount() {
@@ -87,17 +85,13 @@ int CloseDialogs(bool preferNo) {
     std::vector<HWND> dialogs;
     EnumWindows(CollectDialog, reinterpret_cast<LPARAM>(&dialogs));
     for (HWND dialog : dialogs) {
-        int button = 0;
-        for (int id : preferNo ? std::vector<int>{IDNO, IDCANCEL, IDOK}
-                               : std::vector<int>{IDCANCEL, IDNO, IDOK}) {
-            if (GetDlgItem(dialog, id) != nullptr) {
-                button = id;
-                break;
-            }
-        }
-        if (button != 0)
-            PostMessageA(dialog, WM_COMMAND, MAKEWPARAM(button, BN_CLICKED),
-                         reinterpret_cast<LPARAM>(GetDlgItem(dialog, button)));
+        const int order[] = {preferNo ? IDNO : IDCANCEL, preferNo ? IDCANCEL : IDNO, IDOK, 0};
+        const int* button = order;
+        while (*button != 0 && GetDlgItem(dialog, *button) == nullptr)
+            ++button;
+        if (*button != 0)
+            PostMessageA(dialog, WM_COMMAND, MAKEWPARAM(*button, BN_CLICKED),
+                         reinterpret_cast<LPARAM>(GetDlgItem(dialog, *button)));
         else
             PostMessageA(dialog, WM_CLOSE, 0, 0);
     }
@@ -121,18 +115,11 @@ void Send(HWND window, UINT message, WPARAM wParam, LPARAM lParam, const std::st
 
 // Commands that would save, print, end the editor or start other programs are left out.
 bool Allowed(const char* name) {
-    for (const char* word : {"Save", "Print", "Exit", "Vsystem", "Leonardo", "Synplify",
-                             "RunTool", "Helpfile"}) {
+    for (const char* word :
+         {"Save", "Print", "Exit", "Vsystem", "Leonardo", "Synplify", "RunTool", "Helpfile"})
         if (std::strstr(name, word) != nullptr && std::strstr(name, "Options") == nullptr)
             return false;
-    }
     return true;
-}
-
-void OpenFile(const std::string& file) {
-    const ATOM atom = GlobalAddAtomA(file.c_str());
-    Send(frame, WM_USER + 101, 1, atom, "opening " + file);
-    GlobalDeleteAtom(atom);
 }
 
 } // namespace
@@ -154,8 +141,8 @@ int main(int argc, char** argv) {
     std::mt19937 random(seed);
     auto below = [&random](int n) { return std::uniform_int_distribution<int>(0, n - 1)(random); };
     const std::string typing = "entity is port signal begin end; <= ( ) : -- \t\"x\" 0123 _ABC";
-    const int keys[] = {VK_BACK,  VK_RETURN, VK_DELETE, VK_LEFT,  VK_RIGHT, VK_UP,
-                        VK_DOWN,  VK_HOME,   VK_END,    VK_PRIOR, VK_NEXT,  VK_INSERT};
+    const int keys[] = {VK_BACK, VK_RETURN, VK_DELETE, VK_LEFT,  VK_RIGHT, VK_UP,
+                        VK_DOWN, VK_HOME,   VK_END,    VK_PRIOR, VK_NEXT,  VK_INSERT};
 
     for (int event = 0; event < events; ++event) {
         const std::string what = "event " + std::to_string(event);
@@ -164,8 +151,10 @@ int main(int argc, char** argv) {
             Send(child, WM_CLOSE, 0, 0, what + " (closing a window)", true);
             child = ActiveChild();
         }
-        if (child == nullptr) {
-            OpenFile(file);
+        if (child == nullptr) { // the file handed over as a second start would
+            const ATOM atom = GlobalAddAtomA(file.c_str());
+            Send(frame, WM_USER + 101, 1, atom, "opening " + file);
+            GlobalDeleteAtom(atom);
             child = ActiveChild();
             if (child == nullptr) Fail("no edit window after opening " + file);
         }
@@ -194,8 +183,8 @@ int main(int argc, char** argv) {
             }
             Send(child, WM_LBUTTONUP, shift, point(), what + " (release)");
         } else if (kind < 72) {
-            const int codes[] = {SB_LINEUP, SB_LINEDOWN, SB_PAGEUP, SB_PAGEDOWN, SB_THUMBTRACK,
-                                 SB_THUMBPOSITION, SB_TOP, SB_BOTTOM};
+            const int codes[] = {SB_LINEUP,     SB_LINEDOWN,      SB_PAGEUP, SB_PAGEDOWN,
+                                 SB_THUMBTRACK, SB_THUMBPOSITION, SB_TOP,    SB_BOTTOM};
             Send(child, below(2) == 0 ? WM_VSCROLL : WM_HSCROLL,
                  MAKEWPARAM(codes[below(8)], below(200)), 0, what + " (scroll)");
         } else {
@@ -206,11 +195,9 @@ int main(int argc, char** argv) {
     }
 
     // Exit without saving: every question is answered No.
-    PostMessageA(frame, WM_COMMAND, ruvo::CommandMenuIdBase + [] {
-        int row = -1;
-        (void)ruvo::CommandByName("ExitApp", nullptr, false, &row);
-        return row;
-    }(), 0);
+    int exitRow = -1;
+    (void)ruvo::CommandByName("ExitApp", nullptr, false, &exitRow);
+    PostMessageA(frame, WM_COMMAND, ruvo::CommandMenuIdBase + exitRow, 0);
     const DWORD start = GetTickCount();
     while (IsWindow(frame)) {
         if (GetTickCount() - start > EventTimeout) Fail("the editor did not exit");
