@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 
 #include "engine/editor.h"
@@ -13,17 +12,14 @@ namespace ruvo {
 
 class EditorTest : public ::testing::Test {
   protected:
-    EditorTest() : owned(std::make_unique<Editor>(host)), editor(*owned) {
-        InstallEditor(owned.get());
-    }
-    ~EditorTest() override {
-        owned.reset(); // state is released while the editor is still installed
-        InstallEditor(nullptr);
-    }
+    EditorTest() { InstallEditor(&editor); }
 
     FakeHost host;
-    std::unique_ptr<Editor> owned;
-    Editor& editor;
+    // Uninstalls the editor once it is gone: its state is released while it is installed.
+    struct Uninstall {
+        ~Uninstall() { InstallEditor(nullptr); }
+    } uninstall;
+    Editor editor{host};
 };
 
 // Folder of the checkout, for the shipped config/ files and tests/fixtures/.

@@ -4,25 +4,13 @@
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
-#include <sstream>
+#include <iterator>
 
 #include "dialogs/gadget_dialog.h"
 #include "engine/edit_buffer.h"
 #include "engine/editor.h"
 
 namespace ruvo {
-
-namespace {
-
-// The next scripted answer, taken off its queue; `otherwise` when none is left.
-template <typename T> T TakeFront(std::deque<T>& queue, T otherwise = {}) {
-    if (queue.empty()) return otherwise;
-    T front = std::move(queue.front());
-    queue.pop_front();
-    return front;
-}
-
-} // namespace
 
 bool FakeHost::LessIgnoringCase::operator()(std::string_view a, std::string_view b) const {
     const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c; };
@@ -50,11 +38,6 @@ std::string FakeHost::ErrorBoxTexts() const {
     for (const Box& box : boxes)
         all += box.text + "\n";
     return all;
-}
-
-int FakeHost::QuestionBox(const char* caption, std::string_view text, QuestionKind kind) {
-    boxes.push_back({caption ? caption : "(default)", std::string(text), static_cast<int>(kind)});
-    return TakeFront(answers, AnswerYes);
 }
 
 std::string FakeHost::ProfileGetString(std::string_view, std::string_view section,
@@ -94,11 +77,6 @@ void FakeHost::ActivateEditWindow(EditBuffer& buffer) {
     TheEditor().engine.currentBuffer = &buffer;
 }
 
-std::optional<FileDialogResult> FakeHost::FileDialog(const FileDialogRequest& request) {
-    fileDialogs.push_back(request);
-    return TakeFront(fileDialogAnswers);
-}
-
 long FakeHost::LzCopy(std::string_view source, std::string_view target) {
     lzCopies.emplace_back(std::string(source), std::string(target));
     if (lzCopyResult) return *lzCopyResult;
@@ -106,11 +84,9 @@ long FakeHost::LzCopy(std::string_view source, std::string_view target) {
     if (!in) return LzSourceNotOpened;
     std::ofstream out(std::string(target), std::ios::binary | std::ios::trunc);
     if (!out) return LzTargetNotCreated;
-    std::ostringstream bytes;
-    bytes << in.rdbuf();
-    out << bytes.str();
-    if (!out) return LzErrorWrite;
-    return static_cast<long>(bytes.str().size());
+    const std::string bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    if (!(out << bytes)) return LzErrorWrite;
+    return static_cast<long>(bytes.size());
 }
 
 // --- Dialogs ----------------------------------------------------------------------------------
@@ -173,23 +149,6 @@ std::optional<std::string> FakeHost::InputDialog(std::string_view prompt, std::s
     return answer;
 }
 
-PrintDialogAnswer FakeHost::PrintDialog(const PrintDialogRequest& request) {
-    printDialogs.push_back(request);
-    return TakeFront(printDialogAnswers);
-}
-
-PrinterStatus FakeHost::StartPrintJob(const PrintJobStart& start, PrinterMetrics& metrics) {
-    printJobs.push_back(start);
-    if (printerStatus == PrinterStatus::Ok) metrics = printerMetrics;
-    return printerStatus;
-}
-
-bool FakeHost::PrintPage(const PrintedPage& page) {
-    if (static_cast<int>(printedPages.size()) == refusedPage) return false;
-    printedPages.push_back(page);
-    return true;
-}
-
 namespace {
 
 // US layout: the characters of the symbol keys, unshifted and shifted, with their codes.
@@ -234,16 +193,6 @@ uintptr_t FakeHost::LoadButtonPictures(std::string_view name) {
         return loadedPictures.size(); // a distinct handle per load
     }
     return 0;
-}
-
-bool FakeHost::RunProcess(std::string_view commandLine, std::string_view directory,
-                          const std::function<void(std::string_view)>& output) {
-    processRuns.push_back({std::string(commandLine), std::string(directory)});
-    const ScriptedProcess script = TakeFront(processScripts);
-    if (!script.starts) return false;
-    for (const std::string& piece : script.output)
-        output(piece);
-    return true;
 }
 
 } // namespace ruvo

@@ -103,7 +103,11 @@ class FakeHost : public Host {
     void ErrorBox(const char* caption, std::string_view text) override {
         boxes.push_back({caption ? caption : "(default)", std::string(text), 0});
     }
-    int QuestionBox(const char* caption, std::string_view text, QuestionKind kind) override;
+    int QuestionBox(const char* caption, std::string_view text, QuestionKind kind) override {
+        boxes.push_back(
+            {caption ? caption : "(default)", std::string(text), static_cast<int>(kind)});
+        return TakeFront(answers, AnswerYes);
+    }
     void ErrorStream(std::string_view text) override { errorStream += text; }
     std::string ProfileGetString(std::string_view file, std::string_view section,
                                  std::string_view key, std::string_view defaultValue,
@@ -145,7 +149,10 @@ class FakeHost : public Host {
     void RedrawWindow(EditBuffer& buffer) override { redrawnWindows.push_back(&buffer); }
     void UpdateCaretAndStatus(EditBuffer&) override { ++caretUpdates; }
     void ScrollPositionChanged(EditBuffer&) override { ++scrollUpdates; }
-    std::optional<FileDialogResult> FileDialog(const FileDialogRequest& request) override;
+    std::optional<FileDialogResult> FileDialog(const FileDialogRequest& request) override {
+        fileDialogs.push_back(request);
+        return TakeFront(fileDialogAnswers);
+    }
     long LzCopy(std::string_view source, std::string_view target) override;
     void SetBusyCursor(bool busy) override { busyCursorDepth += busy ? 1 : -1; }
     void ShowProgress(std::string_view title, int total) override {
@@ -188,7 +195,14 @@ class FakeHost : public Host {
     }
 
     bool RunProcess(std::string_view commandLine, std::string_view directory,
-                    const std::function<void(std::string_view)>& output) override;
+                    const std::function<void(std::string_view)>& output) override {
+        processRuns.push_back({std::string(commandLine), std::string(directory)});
+        const ScriptedProcess script = TakeFront(processScripts);
+        if (!script.starts) return false;
+        for (const std::string& piece : script.output)
+            output(piece);
+        return true;
+    }
 
     std::map<EditBuffer*, std::string> windowTitles;
 
@@ -203,9 +217,20 @@ class FakeHost : public Host {
     std::vector<bool> endedJobs;           // EndPrintJob's argument per job
     int printerReleases = 0;
 
-    PrintDialogAnswer PrintDialog(const PrintDialogRequest& request) override;
-    PrinterStatus StartPrintJob(const PrintJobStart& start, PrinterMetrics& metrics) override;
-    bool PrintPage(const PrintedPage& page) override;
+    PrintDialogAnswer PrintDialog(const PrintDialogRequest& request) override {
+        printDialogs.push_back(request);
+        return TakeFront(printDialogAnswers);
+    }
+    PrinterStatus StartPrintJob(const PrintJobStart& start, PrinterMetrics& metrics) override {
+        printJobs.push_back(start);
+        if (printerStatus == PrinterStatus::Ok) metrics = printerMetrics;
+        return printerStatus;
+    }
+    bool PrintPage(const PrintedPage& page) override {
+        if (static_cast<int>(printedPages.size()) == refusedPage) return false;
+        printedPages.push_back(page);
+        return true;
+    }
     void EndPrintJob(bool completed) override { endedJobs.push_back(completed); }
     void ReleasePrinterSettings() override { ++printerReleases; }
 
@@ -253,6 +278,13 @@ class FakeHost : public Host {
                                            int maxLength) override;
 
   private:
+    // The next scripted answer, taken off its queue; `otherwise` when none is left.
+    template <typename T> static T TakeFront(std::deque<T>& queue, T otherwise = {}) {
+        if (queue.empty()) return otherwise;
+        T front = std::move(queue.front());
+        queue.pop_front();
+        return front;
+    }
     void CreateControls(GadgetDialog& dialog);
     std::map<const GadgetDialog*, int> endResults_;   // modal dialogs ended while running
     std::set<const GadgetDialog*> visible_;           // modeless dialogs shown
