@@ -31,7 +31,7 @@ namespace {
 using Texts = std::vector<std::string>;
 using SettingsTest = EditorTest;
 
-TEST_F(SettingsTest, AllocatorZeroFillsGrowsCountsAndRefusesPastItsLimit) {
+TEST_F(SettingsTest, AllocatorRefusesPastItsLimitAndErrorsAreLoggedOrBoxed) {
     long& total = editor.settings.allocator.totalBytes;
     const long start = total;
     auto* numbers = static_cast<int*>(Allocate(nullptr, 0, 2, sizeof(int)));
@@ -53,9 +53,8 @@ TEST_F(SettingsTest, AllocatorZeroFillsGrowsCountsAndRefusesPastItsLimit) {
     void* empty = Allocate(nullptr, 0, 0, 4);
     EXPECT_EQ(host.errorStream, "Error in allocating memory\nError in allocating memory\n");
     Release(Allocate(empty, 0, 3, 4)); // a block that held nothing is replaced
-}
 
-TEST_F(SettingsTest, StartupLogHasOneBannerAndALineOrTwoPerReportAndBoxesTheirTexts) {
+    // The start-up log has one banner and a line or two per report; boxes show their texts.
     EXPECT_FALSE(HasStartupErrors());
     ReportStartupError(ErrorFreeForm, "Too many parameters in:", "entity.tpl");
     ReportStartupError(ErrorPlain, nullptr, "x");
@@ -78,11 +77,11 @@ TEST_F(SettingsTest, StartupLogHasOneBannerAndALineOrTwoPerReportAndBoxesTheirTe
     for (const auto& [kind, text, expected] : boxes)
         EXPECT_EQ(ErrorText(kind, text, "program"), expected) << kind;
     ReportError(2, "a.vhd", "source");
-    EXPECT_EQ(host.boxes[0].text + std::to_string(editor.settings.startupErrors.errorCount),
+    EXPECT_EQ(host.boxes.back().text + std::to_string(editor.settings.startupErrors.errorCount),
               "Cannot open source file 'a.vhd'.3"); // a box is not logged
 }
 
-TEST_F(SettingsTest, ProfileBooleansColoursPathsAndLists) {
+TEST_F(SettingsTest, ProfileValuesAndOptionsAndPrintSettingsLoadWithDefaultsAndSaveBack) {
     const std::pair<std::string, std::optional<bool>> bools[] = {
         {"yes", true}, {"TRUE", true}, {"No", false}, {"false", false},
         {" -7", true}, {"0", false},   {"on", {}},    {std::string(18, '0') + "1", false}};
@@ -121,9 +120,7 @@ TEST_F(SettingsTest, ProfileBooleansColoursPathsAndLists) {
     WriteList("Files", {"$LIB\\top.vhd"});
     EXPECT_EQ(ReadList("Files", "", 6, 256),
               (Texts{"D:\\hdl\\lib\\top.vhd", "", "", "", "", "stale"}));
-}
 
-TEST_F(SettingsTest, OptionsAndPrintSettingsLoadWithDefaultsAndSaveBack) {
     // The [Options] and [Print] writes of SaveSettings, joined by '|'.
     const auto saved = [&] {
         host.profileWrites.clear();
@@ -162,7 +159,7 @@ TEST_F(SettingsTest, OptionsAndPrintSettingsLoadWithDefaultsAndSaveBack) {
                                           "Font=" + std::string(255, 'F') + "|"));
 }
 
-TEST_F(SettingsTest, PlacementTextAndWhenTheFrameStoresIt) {
+TEST_F(SettingsTest, PlacementStringsAndPathParts) {
     // One separator after each number; what does not parse keeps the default.
     EXPECT_EQ(ParsePlacement(" 10 ,20 , x"), (WindowPlacement{10, 0, 600, 400}));
     EXPECT_TRUE(ReadMainWindow() == WindowPlacement{} && ReadFullSize());
@@ -180,9 +177,8 @@ TEST_F(SettingsTest, PlacementTextAndWhenTheFrameStoresIt) {
               (Texts{"[GUI] MainWindow=5, 6, 610, 420", "[GUI] FullSize=no",
                      "[GUI] MainWindow=10, 20, 700, 500", "[GUI] FullSize=yes"}));
     EXPECT_EQ(ReadMainWindow(), (WindowPlacement{10, 20, 700, 500}));
-}
 
-TEST_F(SettingsTest, StringRoutinesAndPathPartsRefusingEmptyNames) {
+    // String routines and path parts refusing empty names.
     char text[] = "Entity e_1 \xe4;\0cd";
     UpperCase(text, 0);
     LowerCase(text, 3);
@@ -206,21 +202,22 @@ TEST_F(SettingsTest, StringRoutinesAndPathPartsRefusingEmptyNames) {
         {Extension, "C:\\h.d\\Makefile", ""},
         {DirectoryPart, "C:\\hdl\\src\\top.vhd", "C:\\hdl\\src"},
         {DirectoryPart, "c:file", "c:"},
-        {DirectoryPart, "/" + std::string(300, 'd') + "/x.vhd", "/" + std::string(254, 'd')}};
-    for (const auto& [part, path, expected] : parts)
-        EXPECT_EQ(part(path), expected) << path;
-    EXPECT_EQ(StripTrailingSeparators("C:\\hdl\\/\\"), "C:\\hdl");
+        {DirectoryPart, "/" + std::string(300, 'd') + "/x.vhd", "/" + std::string(254, 'd')},
+        {FileNamePart, "", {}},
+        {BaseName, "", {}},
+        {Extension, "", {}},
+        {DirectoryPart, "", {}}};
     EXPECT_TRUE(CheckName("x") && editor.settings.currentErrorText.empty());
-    int refused = 0;
-    for (Part part : {FileNamePart, BaseName, Extension, DirectoryPart}) {
-        EXPECT_EQ(part(""), std::nullopt);
-        refused += std::exchange(editor.settings.currentErrorText, "") == "Empty name!";
+    for (const auto& [part, path, expected] : parts) {
+        EXPECT_EQ(part(path), expected) << path;
+        EXPECT_EQ(std::exchange(editor.settings.currentErrorText, ""),
+                  path.empty() ? "Empty name!" : "");
     }
-    EXPECT_EQ(StripTrailingSeparators(""), "");
-    EXPECT_EQ(refused + (editor.settings.currentErrorText == "Empty name!"), 5);
+    EXPECT_EQ(StripTrailingSeparators("C:\\hdl\\/\\") + StripTrailingSeparators(""), "C:\\hdl");
+    EXPECT_EQ(editor.settings.currentErrorText, "Empty name!");
 }
 
-TEST(SettingsText, LineReaderSkipsCommentsAndBlankLinesAndCutsLongLines) {
+TEST(SettingsText, LineReaderAndCommandLine) {
     const std::tuple<std::string, int, Texts> cases[] = {
         {"# keys\n\n; old\r\nCtrl+S x\r\n\r\n  # indented\nF3 y",
          256,
@@ -238,9 +235,8 @@ TEST(SettingsText, LineReaderSkipsCommentsAndBlankLinesAndCutsLongLines) {
         EXPECT_EQ(lines, expected) << content;
     }
     EXPECT_EQ(ReadMeaningfulLine(nullptr, 256), std::nullopt);
-}
 
-TEST(SettingsText, CommandLineNamesPrintSwitchNewInstanceAndHandOver) {
+    // The command line: file names, the print switch, a new instance and the hand-over.
     const std::pair<const char*, Texts> splits[] = {
         {"   ", {}},
         {"  a.vhd \t b.v\tc\\d.vhd ", {"a.vhd", "b.v", "c\\d.vhd"}},
