@@ -102,11 +102,8 @@ TEST_F(DocsTest, MissingFilesFailuresAndTheOpenDialog) {
 }
 
 TEST_F(DocsTest, ClosingMovesOnAndFillsTheRecentFilesTheirMenuAndProfile) {
-    const std::string a = Make("a.vhd"), b = Make("b.vhd");
-    ASSERT_EQ(openFile(a, 0, 0, KindDocument), 0);
-    EditBuffer* first = Current();
-    ASSERT_EQ(openFile(b, 0, 0, KindDocument), 0);
-    EditBuffer* second = Current();
+    EditBuffer* first = &Open("a.vhd");
+    EditBuffer* second = &Open("b.vhd");
     ASSERT_EQ(openFile("ToolResult", 1, 1, KindMessage), 0);
     EditBuffer* report = Current();
     ASSERT_EQ(NewFile(), 0);
@@ -118,7 +115,8 @@ TEST_F(DocsTest, ClosingMovesOnAndFillsTheRecentFilesTheirMenuAndProfile) {
     EXPECT_EQ(Current(), first);
     closeBuffer(*first);
     const auto& slots = editor.documents.recentFiles;
-    EXPECT_EQ(std::tuple(Current(), slots[0], slots[1]), std::tuple(nullptr, a, b));
+    EXPECT_EQ(std::tuple(Current(), slots[0], slots[1]),
+              std::tuple(nullptr, folder.File("a.vhd"), folder.File("b.vhd")));
 
     // Five slots; a listed name moves to the top; names differing in case are different.
     for (const char* name : {"f1", "f2", "f3", "f4", "f5", "f2", "f2", "", "F5"})
