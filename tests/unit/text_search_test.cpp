@@ -149,6 +149,7 @@ TEST_F(SearchTest, ReplaceFollowsTheChoicesAndTheAnswers) {
                   {"abab x ab", {}, "ab", "", "a", "", " x ", {}},
                   {"foo foo foo foo", {}, "foo", "bar", "ap", "ynyc", "bar foo bar foo", {12, 15}},
                   {"bar foo bar", {}, "bar", "q", "", "", "q foo bar", {}},
+                  {"q foo q", {}, "q", "z", "p", "c", "q foo q", {0, 1}},
                   {"q foo q", {2, 5}, "q", "z", "ap", "c", "q foo q", {2, 5}},
                   {"q foo q", {2, 5}, "q", "z", "ap", "yn", "z foo q", {2, 5}},
                   {"x x x x\nx", {2, 5}, "x", "yy", "as", "", "x yy yy x\nx", {2, 7}},
