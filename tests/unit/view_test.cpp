@@ -34,6 +34,16 @@ class ViewTest : public EditorTest {
         SetFontMetrics(8, 15);
     }
     Calls BarCalls() { return std::exchange(host.scrollBarCalls, {}); }
+    // Found text drawn ("draw line:start-end"), then the lines redrawn, since the last call.
+    std::string Drawn() {
+        std::string calls;
+        for (const auto& f : std::exchange(host.foundTexts, {}))
+            calls += "draw " + std::to_string(f.line) + ":" + std::to_string(f.startColumn) + "-" +
+                     std::to_string(f.endColumn) + " ";
+        for (const auto& [b, line] : std::exchange(host.redrawnLines, {}))
+            calls += std::to_string(line) + " ";
+        return calls;
+    }
     // A 640 x 480 window: 80 columns with a 7-column margin, 32 full rows.
     void Measure(EditBuffer& buffer) { MeasureBuffer(buffer, 640, 480); }
 
@@ -100,10 +110,7 @@ TEST_F(ViewTest, SettersOrderClampRedrawAndSetTheBarsOnlyWhenValuesChange) {
     buffer->visibleLines = 10;
     const auto redraws = [&](TextPos from, TextPos to) {
         SetSelection(*buffer, from, to);
-        std::string lines;
-        for (const auto& [b, line] : std::exchange(host.redrawnLines, {}))
-            lines += std::to_string(line) + " ";
-        return lines;
+        return Drawn();
     };
     // An end at column 0 shows nothing on its line; the same selection again redraws nothing;
     // lines outside the window are left alone; the ends are ordered and kept in the text.
@@ -114,8 +121,8 @@ TEST_F(ViewTest, SettersOrderClampRedrawAndSetTheBarsOnlyWhenValuesChange) {
     EXPECT_EQ(redraws({2, 0}, {30, 2}), "6 7 8 9 10 ");
     EXPECT_EQ(redraws({4, 4}, {4, 4}), "2 3 4 5 6 7 8 9 10 ");
     EXPECT_EQ(redraws({99, 99}, {-1, 9}), "0 1 2 3 4 5 6 7 8 9 10 ");
-    EXPECT_EQ(buffer->selStart, MakePos(0, 9));
-    EXPECT_EQ(buffer->selEnd, MakePos(39, 14));
+    EXPECT_EQ(std::pair(buffer->selStart, buffer->selEnd),
+              std::pair(MakePos(0, 9), MakePos(39, 14)));
 
     // The caret is kept in the text, the scroll position at 0 or more; each bar value is set
     // only when it changes, the horizontal range whenever the caret's line length does.
@@ -197,7 +204,7 @@ TEST_F(ViewTest, FontHeightFollowsThePointSizeAndTheScreen) {
         EXPECT_EQ(MulDivRounded(number, times, by), result) << number << "*" << times << "/" << by;
 }
 
-TEST_F(ViewTest, MeasureAndPaintPlanCoverVisibleRowsAndBlankBelowTheText) {
+TEST_F(ViewTest, MeasureAndPaintPlanCoverVisibleRowsMarkersAndBlankBelowTheText) {
     TestBuffer buffer(NumberedLines(100, "line ") + "\n"); // 101 lines, the last empty
     MeasureBuffer(*buffer, 645, 479);
     EXPECT_EQ((std::vector<int>{buffer->marginColumns, buffer->windowColumns, buffer->marginWidth,
@@ -217,6 +224,30 @@ TEST_F(ViewTest, MeasureAndPaintPlanCoverVisibleRowsAndBlankBelowTheText) {
     EXPECT_EQ(plan(10, 0, 101, true), "10..43 margin");
     EXPECT_EQ(plan(69, 0, 101, true), "69..101 margin blank from 32");
     EXPECT_EQ(plan(90, 50, 60, true), "90..90 margin");
+    // Error markers only on painted lines, up to the closing entry.
+    buffer->topLine = 5;
+    ErrorMarker markers[4];
+    const auto count = [&](int capacity, bool margin = true) {
+        return CollectErrorMarkers(*buffer, PlanPaint(*buffer, 0, 101, margin), markers, capacity);
+    };
+    EXPECT_EQ(count(4), 0); // no source installed
+    // {source line, result line, kind}: above the view, on its partial last row, on its first
+    // row, below it, then the closing entry (-1 or -2) and one after it.
+    static int32_t closing = -2;
+    editor.engine.display.errorSource = [](const EditBuffer&, int32_t i, MarginError& entry) {
+        const MarginError entries[] = {{3, 1, 0},  {38, 3, 2},      {6, 3, 0},
+                                       {40, 4, 0}, {0, closing, 0}, {10, 6, 0}};
+        entry = entries[std::min(i, 5)];
+        return i < 6;
+    };
+    EXPECT_EQ(count(4, false), 0); // no margin painted
+    EXPECT_EQ(count(1), 1);
+    EXPECT_EQ(count(4), 2);
+    EXPECT_EQ(std::tuple(markers[0].line, markers[0].color, markers[1].line, markers[1].color),
+              std::tuple(37, ColorYellow, 5, ColorMarginError));
+    closing = -1;
+    EXPECT_EQ(count(4), 2);
+    EXPECT_EQ(ErrorMarkerBox(*buffer, 7), (PixelRect{3, 30, 13, 40}));
     buffer->leftColumn = 3;
     EXPECT_EQ(plan(90, 95, 96, false), "95..97 clip");
     EXPECT_EQ(BlankBelowRect(*buffer, 11), (PixelRect{56, 165, 648, 495}));
@@ -286,34 +317,6 @@ TEST_F(ViewTest, RowsAreColouredSplitAtTheSelectionAndTabbedFromTheTextsColumnZe
     EXPECT_EQ(CaretWidth(), 8);
 }
 
-TEST_F(ViewTest, ErrorMarkersOnlyOnPaintedLinesUpToTheClosingEntry) {
-    TestBuffer buffer(std::string(60, '\n'));
-    Measure(*buffer);
-    buffer->topLine = 5;
-    ErrorMarker markers[4];
-    const auto count = [&](int capacity, bool margin = true) {
-        return CollectErrorMarkers(*buffer, PlanPaint(*buffer, 0, 60, margin), markers, capacity);
-    };
-    EXPECT_EQ(count(4), 0); // no source installed
-    // {source line, result line, kind}: above the view, on its partial last row, on its first
-    // row, below it, then the closing entry (-1 or -2) and one after it.
-    static int32_t closing = -2;
-    editor.engine.display.errorSource = [](const EditBuffer&, int32_t i, MarginError& entry) {
-        const MarginError entries[] = {{3, 1, 0},  {38, 3, 2},      {6, 3, 0},
-                                       {40, 4, 0}, {0, closing, 0}, {10, 6, 0}};
-        entry = entries[std::min(i, 5)];
-        return i < 6;
-    };
-    EXPECT_EQ(count(4, false), 0); // no margin painted
-    EXPECT_EQ(count(1), 1);
-    EXPECT_EQ(count(4), 2);
-    EXPECT_EQ(std::tuple(markers[0].line, markers[0].color, markers[1].line, markers[1].color),
-              std::tuple(37, ColorYellow, 5, ColorMarginError));
-    closing = -1;
-    EXPECT_EQ(count(4), 2);
-    EXPECT_EQ(ErrorMarkerBox(*buffer, 7), (PixelRect{3, 30, 13, 40}));
-}
-
 TEST_F(ViewTest, FoundTextIsDrawnOnceAndTakenAwayByTheNext) {
     editor.settings.options.tabSize = 4;
     TestBuffer buffer("first\tline\nsecond line\nthird");
@@ -322,30 +325,21 @@ TEST_F(ViewTest, FoundTextIsDrawnOnceAndTakenAwayByTheNext) {
     EXPECT_EQ(InvertedSegment(*buffer, 0, -3, 99).length, 10);
     // The host calls: the next match first redraws the old line normally; a match over two
     // lines is not highlighted, but the old one still goes; columns are kept in the line.
-    const auto shown = [&] {
-        std::string calls;
-        for (const auto& f : std::exchange(host.foundTexts, {}))
-            calls += "draw " + std::to_string(f.line) + ":" + std::to_string(f.startColumn) + "-" +
-                     std::to_string(f.endColumn) + " ";
-        for (const auto& [b, line] : std::exchange(host.redrawnLines, {}))
-            calls += "redraw " + std::to_string(line) + " ";
-        return calls;
-    };
     ShowFoundText(*buffer, MakePos(0, 6), MakePos(0, 10));
-    EXPECT_EQ(shown(), "draw 0:6-10 ");
+    EXPECT_EQ(Drawn(), "draw 0:6-10 ");
     ShowFoundText(*buffer, MakePos(1, 7), MakePos(2, 2));
-    EXPECT_EQ(shown(), "redraw 0 ");
+    EXPECT_EQ(Drawn(), "0 ");
     ShowFoundText(*buffer, MakePos(2, 3), MakePos(2, 99));
     HideFoundText();
     HideFoundText();
-    EXPECT_EQ(shown(), "draw 2:3-5 redraw 2 ");
+    EXPECT_EQ(Drawn(), "draw 2:3-5 2 ");
     // A line that is gone, or a closed window, is not redrawn.
     ShowFoundText(*buffer, MakePos(2, 0), MakePos(2, 1));
     ASSERT_EQ(DeleteRange(*buffer, MakePos(1, 11), MakePos(2, 5)), 1);
     ShowFoundText(*buffer, MakePos(1, 0), MakePos(1, 1));
     buffer->closedFlags |= ClosedFlagWindowGone;
     HideFoundText();
-    EXPECT_EQ(shown(), "draw 2:0-1 draw 1:0-1 ");
+    EXPECT_EQ(Drawn(), "draw 2:0-1 draw 1:0-1 ");
 }
 
 } // namespace
