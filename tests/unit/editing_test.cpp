@@ -156,14 +156,12 @@ TEST_F(EditingTest, ClipboardCommandsUseCarriageReturnLineFeedsAndOneStepEach) {
     buffer.Select(MakePos(2, 3), MakePos(0, 4));
     std::swap(buffer->selStart, buffer->selEnd); // reversed ends are put in order
     EditCut();
-    EXPECT_EQ(host.clipboard, " this part\r\nmid\r\nand");
-    EXPECT_EQ(Marked(buffer), "keep| that");
+    EXPECT_EQ(*host.clipboard + "/" + Marked(buffer), " this part\r\nmid\r\nand/keep| that");
     EditUndo();
     buffer.Select(MakePos(1, 1), MakePos(2, 0));
     EditCopy(); // an end at column 0 brings the line end and nothing after it
     EditClear();
-    EXPECT_EQ(host.clipboard, "id\r\n");
-    EXPECT_EQ(Marked(buffer), "keep this part\nm|and that");
+    EXPECT_EQ(*host.clipboard + "/" + Marked(buffer), "id\r\n/keep this part\nm|and that");
     // Paste over a selection: the deletion and the insertion are two steps.
     buffer.Select(MakePos(1, 2), MakePos(1, 6));
     host.clipboard = std::string("one\r\ntwo\rx\0ignored", 18); // a NUL ends it, as CF_TEXT does
@@ -230,9 +228,8 @@ TEST_F(EditingTest, TheLogSetsTheCommandStatesAndRefusesStepsThatNoLongerFit) {
     // Undo against a changed text: refused, the log stays as it is.
     ASSERT_EQ(ReplaceLine(*buffer, "GAMMA", 1), 1);
     EXPECT_EQ(UndoTransaction(), 1);
-    EXPECT_EQ(host.ErrorBoxTexts(),
-              "Inconsistency between undo transaction and text\nTransaction ignored\n");
-    EXPECT_EQ(host.boxes[0].caption, "(default)");
+    EXPECT_EQ(host.boxes[0].caption + ": " + host.ErrorBoxTexts(),
+              "(default): Inconsistency between undo transaction and text\nTransaction ignored\n");
     EXPECT_TRUE(Enabled(EditUndo));
     // Redo against a changed text (a reload, say): refused, the history is cleared.
     ASSERT_EQ(ReplaceLine(*buffer, "gamma", 1), 1);
