@@ -32,9 +32,9 @@ TextPos Clamp(const Lines& text, TextPos pos) {
     return MakePos(line, std::clamp<int32_t>(pos.column, 0, text[line].size()));
 }
 
-std::string Folded(std::string text, bool fold = true) {
+std::string Cased(std::string text, bool upper = false) {
     for (char& c : text)
-        c = fold ? static_cast<char>(std::tolower(static_cast<unsigned char>(c))) : c;
+        c = static_cast<char>(upper ? std::toupper(c & 0xff) : std::tolower(c & 0xff));
     return text;
 }
 
@@ -59,7 +59,7 @@ Lines Replace(const Lines& text, TextPos start, TextPos end, const std::string& 
 Lines ReplaceAll(Lines text, const std::string& find, const std::string& by, bool matchCase) {
     for (std::string& line : text) {
         for (size_t at = 0;;) {
-            at = Folded(line, !matchCase).find(Folded(find, !matchCase), at);
+            at = (matchCase ? line : Cased(line)).find(matchCase ? find : Cased(find), at);
             if (at == std::string::npos) break;
             if (line.size() - find.size() + by.size() > 255) return text;
             line.replace(at, find.size(), by);
@@ -87,10 +87,9 @@ Lines RangeEdit(Lines text, RangeAction action, bool first, int32_t from, int32_
             size_t end = column + 1;
             while (IsAsciiLetter(line[column]) && end < line.size() && IsIdentifierChar(line[end]))
                 ++end;
-            if (std::ranges::count(ReservedWords, Folded(line.substr(column, end - column))))
-                for (; column < end; ++column)
-                    line[column] = static_cast<char>(first ? std::toupper(line[column])
-                                                           : std::tolower(line[column]));
+            const std::string word = line.substr(column, end - column);
+            if (std::ranges::count(ReservedWords, Cased(word)))
+                line.replace(column, word.size(), Cased(word, first));
             column = end;
         }
     }
@@ -183,7 +182,7 @@ class EngineRandomTest : public EditorTest, public ::testing::WithParamInterface
             int32_t from = caret.column;
             while (from > 0 && IsIdentifierChar(line[from - 1]))
                 --from;
-            const std::string word = Folded(line.substr(from, caret.column - from));
+            const std::string word = Cased(line.substr(from, caret.column - from));
             LanguageExpand();
             const std::string value = word == "ent" ? "entity" : word == "slv" ? "bit(7)" : "";
             return value.empty() ? text : Replace(text, MakePos(caret.line, from), caret, value);
@@ -231,13 +230,11 @@ TEST_P(EngineRandomTest, EveryStepMatchesTheModelAndEverythingCanBeUndone) {
             ASSERT_EQ(kind == 0 ? UndoTransaction() : RedoTransaction(*buffer), moved ? 0 : 1);
             if (!states[current]) states[current] = std::make_shared<Lines>(LinesOf(*buffer));
         } else {
-            const Transaction* const tail = buffer->undoTail;
+            const int logged = buffer.LoggedTransactions();
             const Lines after = RunCommand(*states[current]);
             ASSERT_FALSE(HasFailure());
             ASSERT_EQ(LinesOf(*buffer), after);
-            int added = 0;
-            for (const Transaction* t = tail->next; t != nullptr; t = t->next)
-                ++added;
+            int added = buffer.LoggedTransactions() - logged;
             // A recording command re-records the undone steps first, then adds its own.
             if (added == 0) continue;
             for (size_t k = states.size() - 1; k > current; --k, --added)
