@@ -1,7 +1,6 @@
 // Keyword and abbreviation lookup, the colouring scanner's runs, and the shipped VHDL and
 // Verilog languages (config/ruvo.ini with its .lsf and .tpl files) loaded for real.
 #include <algorithm>
-#include <sstream>
 
 #include "aids/template_file.h"
 #include "editor_fixture.h"
@@ -132,14 +131,10 @@ TEST_F(EditorTest, ShippedLanguagesColourTheirCodeAndNameShippedTemplates) {
     LoadLanguages();
     const LanguageDef &vhdl = LanguageEntry(1), &verilog = LanguageEntry(2);
     EXPECT_EQ(UsedLanguageCount(), 3);
-    // Every reserved word of VHDL-2008 and every keyword of Verilog-2005.
-    EXPECT_EQ(vhdl.groups[0].words.Count() + 1000 * verilog.groups[0].words.Count(), 124115);
     const std::tuple<const LanguageDef*, const char*, const char*> lines[] = {
         {&vhdl, "  signal c : unsigned(7 downto 0) := (others => '0'); -- counter",
          "[  ]text[signal]kw1[ c : ]text[unsigned]kw2[(7 ]text[downto]kw1[ 0) := (]text"
          "[others]kw1[ => ]text['0']string[); ]text[-- counter]comment"},
-        {&vhdl, "ELSIF clk'EVENT AND x'length",
-         "[ELSIF]kw1[ clk']text[EVENT]kw4[ ]text[AND]kw1[ x']text[length]kw4"},
         {&verilog, "always @(posedge clk) // up",
          "[always]kw1[ @(]text[posedge]kw1[ clk) ]text[// up]comment"},
         {&verilog, "MODULE Begin end", "[MODULE Begin ]text[end]kw1"}, // case sensitive
@@ -147,13 +142,6 @@ TEST_F(EditorTest, ShippedLanguagesColourTheirCodeAndNameShippedTemplates) {
     for (const auto& [language, line, runs] : lines)
         EXPECT_EQ(Runs(line, language), runs) << line;
 
-    // Each extension list element is taken by its own language; plain v must match exactly.
-    for (const LanguageDef* language : {&vhdl, &verilog}) {
-        std::istringstream list(language->extensions);
-        for (std::string element; std::getline(list, element, ',');)
-            EXPECT_EQ(languageForFile("f." + element), language) << element;
-    }
-    EXPECT_EQ(languageForFile("wave.vcd"), &LanguageEntry(0));
 
     std::vector<std::string> known; // "[$INSTALL\\file][name]" of every shipped template
     for (const char* file : {"vhdl.tpl", "verilog.tpl"})
