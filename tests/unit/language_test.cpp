@@ -2,6 +2,7 @@
 // entries), language options files on disk, and the language dialog.
 #include <sstream>
 
+#include "customisation_files.h"
 #include "dialogs/gadget_dialog.h"
 #include "docs/documents.h"
 #include "editor_fixture.h"
@@ -75,8 +76,7 @@ TEST_F(LanguageTest, KeysAreReadWithTheirLimitsAndSavedInTheirOrder) {
     host.SetProfile("VHDL", "Color1", "9 9 9");
     LoadLanguages();
     EXPECT_EQ(LanguageEntry(1).groups[0].attribute.color, MakeColor(255, 0, 0));
-    const LineList* log = editor.settings.startupErrors.lines;
-    EXPECT_EQ(std::string(log->lineText[log->lineCount - 1]) +
+    EXPECT_EQ(ReportedLines(editor).back() +
                   std::to_string(editor.settings.startupErrors.errorCount),
               "Error 2: Cannot open Language Options File file 'C:\\ruvo\\nowhere\\vhdl.lsf'.1");
 }
@@ -181,8 +181,9 @@ TEST_F(LanguageTest, DialogStoresFieldsAtOnceAndCancelBringsTheTableBack) {
     buffers[1]->language = &LanguageEntry(3);
     editor.engine.currentBuffer = buffers[0];
     LanguageOptions();
-    EXPECT_EQ(Dialog().languages->value, 1) << "the active buffer's language is shown";
-    EXPECT_EQ(GlGadgetGetText(*Dialog().colorParts[0]), "0") << "with its text colour";
+    // The active buffer's language is shown with its text colour.
+    EXPECT_EQ(std::to_string(Dialog().languages->value) + GlGadgetGetText(*Dialog().colorParts[0]),
+              "10");
     Press(Dialog().languages, 2);
     host.TypeText(*Dialog().extensions, " *.vhd; .sv|*.v\t");
     Press(Dialog().extensions);

@@ -13,6 +13,7 @@
 #include "settings/profile.h"
 
 #include "buffer_builder.h"
+#include "customisation_files.h"
 #include "dialog_script.h"
 #include "editor_fixture.h"
 #include "language_test_files.h"
@@ -40,26 +41,23 @@ TEST_F(TemplatesTest, ReaderKeepsGoodTemplatesAndReportsEachFault) {
          "[x(a).|@|Missing template name with parameter list: a).|@|"},
         {"[t(a)]\n$0$ $1$ $2$\r\n", "t ", undefined + undefined}};
     TemplateFile loaded;
-    int32_t reported = 3; // the log's heading lines
+    size_t reported = 0;
     for (const auto& [text, names, reports] : cases) {
         loaded = ReadTemplateText(text, "f.tpl");
         std::string found;
         for (const Template& entry : loaded.templates)
             found += entry.name + " ";
         found += "/";
-        for (const LineList* log = editor.settings.startupErrors.lines;
-             log != nullptr && reported < log->lineCount; ++reported) {
-            const std::string line = log->lineText[reported];
-            const bool at = line == "Error 8: \tthis error occured in template file: f.tpl.";
-            found += (at ? "@" : line.substr(9)) + "|";
-        }
+        const Texts log = ReportedLines(editor);
+        for (const char* at = "Error 8: \tthis error occured in template file: f.tpl.";
+             reported < log.size(); ++reported)
+            found += (log[reported] == at ? "@" : log[reported].substr(9)) + "|";
         EXPECT_EQ(found, names + "/" + reports) << text;
     }
     EXPECT_EQ(ExpandTemplateBody(loaded.templates[0], {"v"}), "$0$ v $2$\n");
     EXPECT_EQ(LoadTemplateFile("/no/such/file.tpl"), nullptr);
-    const LineList* log = editor.settings.startupErrors.lines;
-    EXPECT_STREQ(log->lineText[log->lineCount - 1],
-                 "Error 2: Cannot open template file '/no/such/file.tpl'.");
+    EXPECT_EQ(ReportedLines(editor).back(),
+              "Error 2: Cannot open template file '/no/such/file.tpl'.");
 }
 
 TEST_F(TemplatesTest, DialogsInsertWithValuesKeptAsOneEdit) {
@@ -124,11 +122,10 @@ TEST_F(TemplatesTest, ProfileKeepsLoadedAndMissingFilesAndDropsRemovedOnes) {
         EXPECT_EQ(dialog.gadgets[0]->items.size(), 2u);
     });
     EditTemplates();
-    ASSERT_EQ(host.fileDialogs.size(), 1u);
-    EXPECT_EQ(host.fileDialogs[0].title + "|" + host.fileDialogs[0].filter,
+    EXPECT_EQ(host.fileDialogs.at(0).title + "|" + host.fileDialogs[0].filter,
               "Load Template|Template files(*.tpl)|*.tpl|All files(*.*)|*.*|");
-    ASSERT_EQ(host.createdWindows.size(), 1u);
-    EXPECT_STREQ(host.createdWindows[0]->fileName, "startup.err");
+    EXPECT_EQ(host.createdWindows.at(0)->fileName + std::to_string(host.createdWindows.size()),
+              "startup.err1");
     SaveTemplatesToProfile();
     EXPECT_EQ(ReadList("Templates", "", 6, 256),
               (Texts{b.path(), faulty.path(), "/missing.tpl", "", "", ""}));
