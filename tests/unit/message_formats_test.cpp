@@ -45,65 +45,50 @@ std::vector<std::string> MergedOutput(const std::string& name) {
     return lines;
 }
 
-TEST_F(MessageFormatsTest, EveryLocationOfCapturedOutputIsFoundAndNoContinuationLine) {
+// Captured compiler output and written lines of other tools; the lines of one row are read in
+// turn: Questa's run-time lines take the severity of the heading before them.
+TEST_F(MessageFormatsTest, EveryLocationIsFoundAndNoContinuationLine) {
     const MessageFormats formats = ReadMessageFormats(SourcePath("config/messages.ini"));
     EXPECT_TRUE(ReportedLines(editor).empty());
     const struct {
-        const char* output;
         const char* format;
+        std::vector<std::string> lines;
         std::string entries;
     } cases[] = {
-        {"ghdl_a__many_errors.txt", "ghdl",
+        {"ghdl", MergedOutput("ghdl_a__many_errors.txt"),
          "many_errors.vhd:4:25E many_errors.vhd:5:21E many_errors.vhd:7:8E "
          "many_errors.vhd:8:8E many_errors.vhd:9:3E many_errors.vhd:9:8E "},
-        {"iverilog__many_errors.txt", "Icarus",
+        {"Icarus", MergedOutput("iverilog__many_errors.txt"),
          "many_errors.v:3:0E many_errors.v:4:0E many_errors.v:4:0E many_errors.v:5:0E "
          "many_errors.v:5:0E many_errors.v:6:0E "},
-        {"verilator__warnings_default.txt", "Verilator",
+        {"Verilator", MergedOutput("verilator__warnings_default.txt"),
          "warnings.v:5:15W warnings.v:6:12W warnings.v:8:7W warnings.v:9:12W "},
-        {"yosys_q__many_errors.txt", "Yosys",
+        {"Yosys", MergedOutput("yosys_q__many_errors.txt"),
          "many_errors.v:3:10W many_errors.v:6:13W many_errors.v:4:0W many_errors.v:5:0W "},
-        {"yosys_q__warnings_check.txt", "Yosys", ""},
+        {"Yosys", MergedOutput("yosys_q__warnings_check.txt"), ""},
+        {"Questa",
+         {"** Error (suppressible): C:\\My Designs\\alu.vhd(7): (vcom-1246) Range",
+          "# ** Note: start", "#    Time: 5 ns  Process: /tb/p File: C:/tb.vhd Line: 20",
+          "# ** Failure: Simulation finished",
+          "#    Time: 1 us  Iteration: 0  Process: /tb/stim File: C:/tb.vhd",
+          "# Break in Process stim at C:/tb.vhd line 43"},
+         "C:\\My Designs\\alu.vhd:7:0E C:/tb.vhd:20:0N C:/tb.vhd:43:0E "},
+        {"Vivado",
+         {"ERROR: [VRFC 10-91] 'q' is not declared [\"C:/my proj/top.vhd\":12]",
+          "CRITICAL WARNING: [VRFC 10-3] bus x[7:0] [C:\\p\\a.v:9]"},
+         "C:/my proj/top.vhd:12:0E C:\\p\\a.v:9:0W "},
+        {"Quartus",
+         {"Error (10161): at top.v(7): no File: /proj/top.v Line: 7"},
+         "/proj/top.v:7:0E "},
+        {"GHDL",
+         {"C:\\my proj\\tb.vhd:20:5:@10ns:(assertion failure): done",
+          "./tb:error: bound check failure at tb.vhd:15"},
+         "C:\\my proj\\tb.vhd:20:5E tb.vhd:15:0E "},
+        {"Icarus", {"tb.v:15: $finish called at 100 (1s)"}, "tb.v:15:0N "},
     };
     for (const auto& c : cases) {
-        const std::vector<std::string> lines = MergedOutput(c.output);
-        EXPECT_EQ(Entries(formats, c.format, lines), c.entries) << c.output;
-        EXPECT_EQ(Entries(formats, AllFormatsName, lines), c.entries) << c.output << " (auto)";
-    }
-}
-
-// Rows of one format are read in turn: Questa's run-time lines take the severity of the
-// heading before them.
-TEST_F(MessageFormatsTest, WrittenLinesOfOtherToolsAndOtherPaths) {
-    const MessageFormats formats = ReadMessageFormats(SourcePath("config/messages.ini"));
-    const struct {
-        const char* format;
-        const char* line;
-        const char* entry; // empty: not an entry
-    } cases[] = {
-        {"Questa", "** Error (suppressible): C:\\My Designs\\alu.vhd(7): (vcom-1246) Range",
-         "C:\\My Designs\\alu.vhd:7:0E"},
-        {"Questa", "# ** Note: start", ""},
-        {"Questa", "#    Time: 5 ns  Process: /tb/p File: C:/tb.vhd Line: 20", "C:/tb.vhd:20:0N"},
-        {"Questa", "# ** Failure: Simulation finished", ""},
-        {"Questa", "#    Time: 1 us  Iteration: 0  Process: /tb/stim File: C:/tb.vhd", ""},
-        {"Questa", "# Break in Process stim at C:/tb.vhd line 43", "C:/tb.vhd:43:0E"},
-        {"Vivado", "ERROR: [VRFC 10-91] 'q' is not declared [\"C:/my proj/top.vhd\":12]",
-         "C:/my proj/top.vhd:12:0E"},
-        {"Vivado", "CRITICAL WARNING: [VRFC 10-3] bus x[7:0] [C:\\p\\a.v:9]", "C:\\p\\a.v:9:0W"},
-        {"Quartus", "Error (10161): at top.v(7): no File: /proj/top.v Line: 7", "/proj/top.v:7:0E"},
-        {"GHDL", "C:\\my proj\\tb.vhd:20:5:@10ns:(assertion failure): done",
-         "C:\\my proj\\tb.vhd:20:5E"},
-        {"GHDL", "./tb:error: bound check failure at tb.vhd:15", "tb.vhd:15:0E"},
-        {"Icarus", "tb.v:15: $finish called at 100 (1s)", "tb.v:15:0N"},
-    };
-    MessageReader all(formats, AllFormatsName);
-    MessageReader own(formats, "");
-    std::string_view ownName;
-    for (const auto& c : cases) {
-        if (ownName != c.format) own = MessageReader(formats, ownName = c.format);
-        EXPECT_EQ(Read(own, c.line), c.entry) << c.line;
-        EXPECT_EQ(Read(all, c.line), c.entry) << "auto: " << c.line;
+        EXPECT_EQ(Entries(formats, c.format, c.lines), c.entries) << c.format;
+        EXPECT_EQ(Entries(formats, AllFormatsName, c.lines), c.entries) << c.format;
     }
 }
 
