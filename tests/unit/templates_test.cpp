@@ -60,14 +60,27 @@ TEST_F(TemplatesTest, ReaderKeepsGoodTemplatesAndReportsEachFault) {
               "Error 2: Cannot open template file '/no/such/file.tpl'.");
 }
 
-TEST_F(TemplatesTest, DialogsInsertWithValuesKeptAsOneEdit) {
+// Files come from the profile (a missing one is kept, a repeated one loaded once) and from the
+// Load button, where a file with a fault shows the start-up report at once. A template goes in
+// by the Insert button or a double click, as one edit, its values kept for the next use.
+TEST_F(TemplatesTest, DialogsLoadFilesAndInsertWithValuesKeptAsOneEdit) {
+    TempFile a("[a()]\n");
     TempFile file("[and2(a, b)]\ny <= $1$ and $2$;\n[empty()]\n-- empty\n");
-    ASSERT_NE(LoadTemplateFile(file.path()), nullptr);
+    TempFile faulty("[x]\n");
+    for (const auto& [key, path] : {std::pair{"1", a.path()},
+                                    {"2", std::string("/missing.tpl")},
+                                    {"3", file.path()},
+                                    {"4", a.path()}})
+        host.SetProfile("Templates", key, path);
+    LoadTemplatesFromProfile();
+    ASSERT_EQ(editor.hdlAids.templates.loadedFiles.size(), 2u);
     TestBuffer buffer("first\nlast");
     buffer.PlaceCaret(1, 0);
-    // The file, then and2 by the Insert button and again by a double click, then empty.
+    host.fileDialogAnswers.push_back(FileDialogResult{faulty.path(), "", false});
+    // and2 by the Insert button and again by a double click, then empty; then the first file is
+    // removed and the faulty one loaded.
     host.dialogActions.push_back([](GadgetDialog& dialog) {
-        GadgetNotified(dialog, dialog.gadgets[0]->controlId, 0);
+        GadgetNotified(dialog, dialog.gadgets[0]->controlId, 1);
         Gadget& insert = *GadgetWithText(dialog, "&Insert >>");
         Gadget& templates = *dialog.gadgets[1];
         EXPECT_EQ(templates.items, (Texts{"and2", "empty"}));
@@ -78,6 +91,11 @@ TEST_F(TemplatesTest, DialogsInsertWithValuesKeptAsOneEdit) {
         templates.doubleClicked = true;
         GadgetNotified(dialog, templates.controlId, 0);
         GadgetNotified(dialog, templates.controlId, 1); // no parameters: no dialog
+        GadgetNotified(dialog, dialog.gadgets[0]->controlId, 0);
+        GadgetNotified(dialog, GadgetWithText(dialog, "&Remove")->controlId, 0);
+        EXPECT_EQ(dialog.gadgets[0]->items.size() + templates.items.size(), 1u);
+        GadgetNotified(dialog, GadgetWithText(dialog, "&Load")->controlId, 0);
+        EXPECT_EQ(dialog.gadgets[0]->items.size(), 2u);
         GadgetNotified(dialog, GadgetWithText(dialog, "&Close")->controlId, 0);
     });
     host.dialogActions.push_back([this](GadgetDialog& dialog) {
@@ -93,42 +111,18 @@ TEST_F(TemplatesTest, DialogsInsertWithValuesKeptAsOneEdit) {
         DialogCancelCommand(dialog);
     });
     EditTemplates();
-    EXPECT_EQ(buffer.Text(), "first\ny <= x1 and x2;\n-- empty\nlast");
-    EditUndo();
-    EXPECT_EQ(buffer.Text(), "first\ny <= x1 and x2;\nlast");
-    EXPECT_EQ(buffer->cursor, MakePos(2, 0));
-}
-
-TEST_F(TemplatesTest, ProfileKeepsLoadedAndMissingFilesAndDropsRemovedOnes) {
-    TempFile a("[a()]\n");
-    TempFile b("[b()]\n");
-    for (const auto& [key, path] : {std::pair{"1", a.path()},
-                                    {"2", std::string("/missing.tpl")},
-                                    {"3", b.path()},
-                                    {"4", a.path()}})
-        host.SetProfile("Templates", key, path);
-    LoadTemplatesFromProfile();
-    ASSERT_EQ(editor.hdlAids.templates.loadedFiles.size(), 2u);
-
-    // A loaded file with a fault shows the start-up report at once.
-    TempFile faulty("[x]\n");
-    host.fileDialogAnswers.push_back(FileDialogResult{faulty.path(), "", false});
-    host.dialogActions.push_back([](GadgetDialog& dialog) {
-        GadgetNotified(dialog, dialog.gadgets[0]->controlId, 0);
-        GadgetNotified(dialog, GadgetWithText(dialog, "&Remove")->controlId, 0);
-        EXPECT_EQ(dialog.gadgets[0]->items.size(), 1u);
-        EXPECT_TRUE(dialog.gadgets[1]->items.empty());
-        GadgetNotified(dialog, GadgetWithText(dialog, "&Load")->controlId, 0);
-        EXPECT_EQ(dialog.gadgets[0]->items.size(), 2u);
-    });
-    EditTemplates();
     EXPECT_EQ(host.fileDialogs.at(0).title + "|" + host.fileDialogs[0].filter,
               "Load Template|Template files(*.tpl)|*.tpl|All files(*.*)|*.*|");
     EXPECT_EQ(host.createdWindows.at(0)->fileName + std::to_string(host.createdWindows.size()),
               "startup.err1");
     SaveTemplatesToProfile();
     EXPECT_EQ(ReadList("Templates", "", 6, 256),
-              (Texts{b.path(), faulty.path(), "/missing.tpl", "", "", ""}));
+              (Texts{file.path(), faulty.path(), "/missing.tpl", "", "", ""}));
+    EXPECT_EQ(buffer.Text(), "first\ny <= x1 and x2;\n-- empty\nlast");
+    editor.engine.currentBuffer = buffer.get();
+    EditUndo();
+    EXPECT_EQ(std::tuple(buffer.Text(), buffer->cursor),
+              std::tuple("first\ny <= x1 and x2;\nlast", MakePos(2, 0)));
 }
 
 // Each selected line gets its own edit; a selection ending at column 0 leaves that line out,
