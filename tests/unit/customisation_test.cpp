@@ -21,9 +21,7 @@ namespace {
 using Texts = std::vector<std::string>;
 
 int RowOf(const char* command) {
-    int row = -1;
-    (void)CommandByName(command, nullptr, false, &row);
-    return row;
+    return static_cast<int>(CommandByName(command, nullptr, false) - CommandTable);
 }
 
 // The name of the command of a menu identifier, "9999" for an unknown one.
@@ -247,7 +245,23 @@ TEST_F(CustomisationTest, ButtonsIniLinesMakeButtonsGapsAndReportsAndFollowTheCo
     EXPECT_EQ(ReportedLines(editor),
               (Texts{"Error 4: Cannot find Button function 'GoNowhere'.",
                      "Error 6: Cannot find bitmap 'NOSUCH' for function 'EditCopy'."}));
+    // Hovering shows each description once; a press runs only an enabled button's command.
+    for (int x : {10, 12, 40, 100, 110})
+        ButtonBarMouseMoved(x, 10);
+    Texts shown;
+    for (const FakeHost::StatusText& s : host.statusTexts)
+        shown.push_back(s.text);
+    EXPECT_EQ(shown,
+              (Texts{"Save the file in the active edit window.", "Locate and open a file.", ""}));
+    host.redrawnButtons.clear();
+    for (int x : {10, 120, 40}) // SaveFile is grey, then no button, then LoadFile
+        ButtonBarPressed(x, 10);
+    EXPECT_EQ(host.fileDialogs.size(), 1u);
+    EXPECT_EQ(host.redrawnButtons, (std::vector<int>{1, 1}));
+    EXPECT_FALSE(editor.customisation.buttonBar.buttons[1].pressed);
     SetCommandsEnabled(CommandTable[RowOf("SaveFile")].flags, true);
+    SetCommandsEnabled(CommandTable[RowOf("SaveFile")].flags, true); // no change, no redraw
+    EXPECT_EQ(host.redrawnButtons, (std::vector<int>{1, 1, 0}));
     EXPECT_EQ(Buttons(), "SaveFile:4,2 LoadFile:35,2+gap NextError:66,2+gap-grey");
     ReleaseButtons();
     EXPECT_EQ(host.freedPictures, (std::vector<uintptr_t>{2, 1, 4, 3}));
@@ -284,27 +298,6 @@ TEST_F(CustomisationTest, OneAndTwoRowsAtTheTopAndAtTheLeft) {
     EXPECT_TRUE(editor.customisation.buttonBar.twoRows);
     EXPECT_EQ(BarThickness(1000, true), 33);
     EXPECT_FALSE(editor.customisation.buttonBar.twoRows);
-}
-
-TEST_F(CustomisationTest, HoverShowsTheDescriptionAndAPressRunsAnEnabledCommand) {
-    LoadButtonsFrom("About INFO\nEditUndo UNDO\n");
-    for (int x : {10, 12, 40, 100, 110})
-        ButtonBarMouseMoved(x, 10);
-    Texts shown;
-    for (const FakeHost::StatusText& s : host.statusTexts)
-        shown.push_back(s.text);
-    EXPECT_EQ(shown, (Texts{"Display version and copyright information.",
-                            "Undo the previous editor action.", ""}));
-    host.redrawnButtons.clear();
-    for (int x : {40, 120, 10}) // EditUndo is grey, then no button, then About
-        ButtonBarPressed(x, 10);
-    EXPECT_EQ(host.aboutBoxes.size(), 1u);
-    EXPECT_EQ(host.redrawnButtons, (std::vector<int>{0, 0}));
-    EXPECT_FALSE(editor.customisation.buttonBar.buttons[0].pressed);
-    EXPECT_EQ(host.statusPanes[4], "");
-    SetCommandsEnabled(NeedsUndo, true);
-    SetCommandsEnabled(NeedsUndo, true); // no change, no redraw
-    EXPECT_EQ(host.redrawnButtons, (std::vector<int>{0, 0, 1}));
 }
 
 } // namespace
