@@ -150,9 +150,6 @@ TEST_F(ViewTest, SettersOrderClampRedrawAndSetTheBarsOnlyWhenValuesChange) {
 }
 
 TEST_F(ViewTest, StatusPanesShowThePositionModeAndStateOnlyWhenChanged) {
-    char text[40];
-    EXPECT_EQ(PositionText(0, 0, text, 4), 3); // cut but terminated
-    EXPECT_STREQ(text, "   ");
     editor.settings.options.tabSize = 8;
     TestBuffer buffer("\tx = 1;\nsecond");
     buffer.PlaceCaret(0, 2); // after the tab and the x
@@ -184,18 +181,16 @@ TEST_F(ViewTest, StatusPanesShowThePositionModeAndStateOnlyWhenChanged) {
 TEST_F(ViewTest, FontHeightFollowsThePointSizeAndTheScreen) {
     // The point size and the heights at 96 and 120 dpi: zero, negative sizes and texts that are
     // no number give the 10-point font; the height is negative, rounded as MulDiv does.
-    const auto font = [](const char* size) {
-        return std::to_string(EditorFontPointSize(size)) + " " +
-               std::to_string(EditorFontHeight(size, 96)) + " " +
-               std::to_string(EditorFontHeight(size, 120));
-    };
     const std::pair<const char*, const char*> fonts[] = {
         {" \t14pt", "14 -19 -23"}, {"+9", "9 -12 -15"},
         {"  ", "10 -13 -17"},      {"-", "10 -13 -17"},
         {"abc", "10 -13 -17"},     {"-3", "10 -13 -17"},
         {"1", "1 -1 -2"},          {"99999999", "99999 -133332 -166665"}};
     for (const auto& [size, expected] : fonts)
-        EXPECT_EQ(font(size), expected);
+        EXPECT_EQ(std::to_string(EditorFontPointSize(size)) + " " +
+                      std::to_string(EditorFontHeight(size, 96)) + " " +
+                      std::to_string(EditorFontHeight(size, 120)),
+                  expected);
     // Halves go away from zero; a zero divisor or an overflow gives -1.
     const int mulDivs[][4] = {{5, 3, 2, 8},           {-5, 3, 2, -8},          {5, 3, -2, -8},
                               {7, 1, 3, 2},           {1, 1, 0, -1},           {1 << 30, 8, 1, -1},
@@ -273,11 +268,7 @@ TEST_F(ViewTest, RowsAreColouredSplitAtTheSelectionAndTabbedFromTheTextsColumnZe
     // {selection start, end, line, row}: the runs split at the selection's columns and the
     // selected text is white; a line inside a selection is one white run on a black row; a
     // start at a line's end leaves only the black rest; a tabbed piece keeps its own column.
-    const struct {
-        TextPos from, to;
-        int32_t line;
-        const char* row;
-    } rows[] = {
+    const std::tuple<TextPos, TextPos, int32_t, const char*> rows[] = {
         {{0, 3}, {0, 10}, 0, "[ent]k@0[ity]*w@3[ a ]*w@6[i]*w@9[s]k@10[ ]t@11[-- x]c@12 white 16"},
         {{3, 4}, {0, 14}, 1, "[signal a]*w@0 black 8"},
         {{0, 16}, {2, 0}, 0, "[entity]k@0[ a ]t@6[is]k@9[ ]t@11[-- x]c@12 black 16"},
@@ -287,9 +278,9 @@ TEST_F(ViewTest, RowsAreColouredSplitAtTheSelectionAndTabbedFromTheTextsColumnZe
         {{3, 2}, {4, 1}, 1, "[signal]k@0[ a]t@6 white 8"}, // before it
         {{1, 2}, {1, 2}, 1, "[signal]k@0[ a]t@6 white 8"}, // none
     };
-    for (const auto& row : rows) {
-        buffer.Select(row.from, row.to);
-        EXPECT_EQ(Describe(*buffer, row.line), row.row) << row.line;
+    for (const auto& [from, to, line, row] : rows) {
+        buffer.Select(from, to);
+        EXPECT_EQ(Describe(*buffer, line), row) << line;
     }
     // Colouring off: one black run, still split by the selection; a tab size of 0 is 1.
     editor.settings.options.colors = false;
