@@ -23,6 +23,7 @@ constexpr TextPos Origin{0, 0};
 
 class EditingTest : public EditorTest {
   protected:
+    int Run(const std::string& name) { return CommandByName(name, "", false)->handler(); }
     bool Enabled(CommandHandler handler) {
         return host.enabledCommands[CommandIndexOfHandler(handler)];
     }
@@ -117,11 +118,7 @@ void Walk(TestBuffer& buffer, const std::string& walk) {
 TEST_F(EditingTest, MotionsMoveTheCaretAndTheWindowAndNeverTheText) {
     editor.settings.options.tabSize = 4;
     const std::string numbered = NumberedLines(50, "line ");
-    const struct {
-        std::string text;
-        int32_t visibleLines;
-        const char* walk;
-    } walks[] = {
+    const std::tuple<std::string, int32_t, const char*> walks[] = {
         {"ab\ncd", 20, "0.2 >1.0 <0.2 b0.0 <0.0 E1.2 >1.2"},
         // The tab fills columns 0..3, a is 4, b is 5; the short line ends first.
         {"\tab\nabcdefgh\nxy", 20, "1.5 ^0.2 v1.5 v2.2 v2.2 b0.0 ^0.0"},
@@ -143,11 +140,11 @@ TEST_F(EditingTest, MotionsMoveTheCaretAndTheWindowAndNeverTheText) {
         // Undo walks back through caret positions even when read-only.
         {"alpha\nbeta\ngamma", 20, "1.1 >1.2 v2.2 e2.5 u2.2 u1.2 r2.2 w2.0"},
     };
-    for (const auto& walk : walks) {
-        TestBuffer buffer(walk.text);
-        buffer->visibleLines = walk.visibleLines;
+    for (const auto& [text, visibleLines, walk] : walks) {
+        TestBuffer buffer(text);
+        buffer->visibleLines = visibleLines;
         buffer->lines.readOnly = 1;
-        Walk(buffer, walk.walk);
+        Walk(buffer, walk);
     }
 }
 
@@ -174,10 +171,6 @@ TEST_F(EditingTest, ClipboardCommandsUseCarriageReturnLineFeedsAndOneStepEach) {
 }
 
 TEST_F(EditingTest, BookmarksAreSetAndGoneToAcrossWindowsAndShrunkText) {
-    int (*const sets[])() = {SetMark0, SetMark1, SetMark2, SetMark3, SetMark4,
-                             SetMark5, SetMark6, SetMark7, SetMark8, SetMark9};
-    int (*const gotos[])() = {GotoMark0, GotoMark1, GotoMark2, GotoMark3, GotoMark4,
-                              GotoMark5, GotoMark6, GotoMark7, GotoMark8, GotoMark9};
     // Without a window nothing is set; a bookmark never set is an alert.
     EXPECT_EQ(SetMark9() + GotoMark9(), 1);
     EXPECT_EQ(host.statusPanes[4], "Bookmark 9 is not set.");
@@ -186,11 +179,11 @@ TEST_F(EditingTest, BookmarksAreSetAndGoneToAcrossWindowsAndShrunkText) {
     TestBuffer buffer(NumberedLines(400));
     for (int n = 0; n < 10; ++n) {
         buffer.PlaceCaret(3 * n, 1);
-        EXPECT_EQ(sets[n](), 0);
+        EXPECT_EQ(Run("SetMark" + std::to_string(n)), 0);
         EXPECT_EQ(host.statusPanes[4], "Dropped bookmark " + std::to_string(n) + ".");
     }
     for (int n = 9; n >= 0; --n) {
-        EXPECT_EQ(gotos[n](), 0);
+        EXPECT_EQ(Run("GotoMark" + std::to_string(n)), 0);
         EXPECT_EQ(buffer->cursor, MakePos(3 * n, 1)) << n;
     }
     // Numbers outside 0..9 are neither set nor gone to.
