@@ -68,11 +68,12 @@ TEST_F(DocsTest, FullPathsOpeningAFileTwiceOrAMissingOneAndTheOpenDialog) {
     std::string results;
     for (const std::string& name : {path, path, missing, missing}) {
         results += std::to_string(openFile(name, 0, 0, KindDocument));
-        if (results == "00") EXPECT_EQ(SaveFile(), 0); // the copy refuses with a beep
+        results += std::to_string(Current()->lines.readOnly); // of the buffer now current
+        if (results == "0001") EXPECT_EQ(SaveFile(), 0);      // the copy refuses with a beep
     }
     const std::vector<EditBuffer*>& buffers = editor.documents.buffers;
     EXPECT_EQ(std::tuple(results, host.boxes.size(), buffers.size(), buffers[1]->lines.readOnly),
-              std::tuple("0010", 4u, 3u, 1));
+              std::tuple("00011100", 4u, 3u, 1));
     EXPECT_EQ(Box(1),
               "Warning|File '" + path + "' is already\nin an edit buffer, open a readonly copy ?");
     EXPECT_EQ(Box(3), "No such file|File '" + missing +
