@@ -89,39 +89,36 @@ TEST_F(GadgetDialogTest, CloseButtonsSitBelowTheGadgetsAndEndTheDialog) {
     EXPECT_EQ(applied, 2);
     host.dialogActions.push_back([](GadgetDialog& d) { DialogCancelCommand(d); });
     EXPECT_EQ(showDialog(*dialog, true), 0);
-
-    auto bare = createDialog("Bare"); // no cancel action: Escape still ends it, or hides it
-    Gadget* box = GlGadgetCreate(*bare, GadgetType::CheckBox, 0, 0, 40, 10, "&x",
-                                 {CallbackTag([](Gadget& g) { return g.value ? 1 : 0; })});
-    showDialog(*bare, false);
-    EXPECT_EQ(GadgetNotified(*bare, box->controlId, 0), -1);
-    EXPECT_TRUE(host.DialogVisible(*bare));
-    EXPECT_EQ(GadgetNotified(*bare, box->controlId, 1) + GlGadgetGet(*box), 2);
-    EXPECT_FALSE(host.DialogVisible(*bare));
-    for (void (*end)(GadgetDialog&) :
-         {+[](GadgetDialog& d) { DialogCancelCommand(d); }, closeDialog}) {
-        showDialog(*bare, false);
-        end(*bare);
-        EXPECT_FALSE(host.DialogVisible(*bare));
-    }
 }
 
-TEST_F(GadgetDialogTest, TabPagesShowTheirGadgetsAndThoseOfEveryPage) {
+TEST_F(GadgetDialogTest, TabPagesShowTheirGadgetsAndACallbackEndsTheDialog) {
     auto dialog = createDialog("Pages");
     Gadget* tabs = GlGadgetCreate(*dialog, GadgetType::TabControl, 0, 0, 200, 120, "",
                                   {PageNamesTag({"Window", "Font"})});
-    Gadget* first = GlGadgetCreate(*dialog, GadgetType::CheckBox, 8, 20, 60, 12, "a", {PageTag(1)});
+    Gadget* first = GlGadgetCreate(*dialog, GadgetType::CheckBox, 8, 20, 60, 12, "a",
+                                   {PageTag(1), CallbackTag([](Gadget& g) { return g.value; })});
     Gadget* second =
         GlGadgetCreate(*dialog, GadgetType::Edit, 8, 20, 60, 12, "", {PageTag(2), FocusTag()});
     Gadget* always = GlGadgetCreate(*dialog, GadgetType::StaticText, 8, 100, 60, 12, "all");
-    EXPECT_EQ(dialog->tabControl, tabs);
     showDialog(*dialog, false);
-    EXPECT_EQ(std::tuple(dialog->currentPage, host.focusedGadget), std::tuple(1, second));
+    EXPECT_EQ(std::tuple(dialog->tabControl, dialog->currentPage, host.focusedGadget),
+              std::tuple(tabs, 1, second));
     for (int selection : {0, 1, 0}) {
         DialogTabChanged(*dialog, selection);
         EXPECT_EQ(std::tuple(dialog->currentPage, host.gadgetShown[first], host.gadgetShown[second],
                              host.gadgetShown[always] && host.gadgetShown[tabs]),
                   std::tuple(selection + 1, selection == 0, selection == 1, true));
+    }
+    // Without close buttons a callback's 1 still ends the dialog, as do Escape and closing.
+    EXPECT_EQ(GadgetNotified(*dialog, first->controlId, 0), -1);
+    EXPECT_TRUE(host.DialogVisible(*dialog));
+    EXPECT_EQ(GadgetNotified(*dialog, first->controlId, 1) + GlGadgetGet(*first), 2);
+    EXPECT_FALSE(host.DialogVisible(*dialog));
+    for (void (*end)(GadgetDialog&) :
+         {+[](GadgetDialog& d) { DialogCancelCommand(d); }, closeDialog}) {
+        showDialog(*dialog, false);
+        end(*dialog);
+        EXPECT_FALSE(host.DialogVisible(*dialog));
     }
 }
 
