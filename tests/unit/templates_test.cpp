@@ -127,7 +127,7 @@ TEST_F(TemplatesTest, DialogsLoadFilesAndInsertWithValuesKeptAsOneEdit) {
 
 // Each selected line gets its own edit; a selection ending at column 0 leaves that line out,
 // and stays on its lines so that the commands can be repeated.
-TEST_F(TemplatesTest, SelectedLinesCommandsChangeOneLineStartEach) {
+TEST_F(TemplatesTest, SelectedLinesAndRangeCommandsChangeOneLineStartEach) {
     TestBuffer buffer("signal a;\n\tb;\nc");
     LanguageEntry(1).lineComment = "--";
     buffer->language = &LanguageEntry(1);
@@ -141,11 +141,10 @@ TEST_F(TemplatesTest, SelectedLinesCommandsChangeOneLineStartEach) {
     EXPECT_EQ(
         std::tuple(buffer.Text(), buffer->selStart, buffer->selEnd, buffer.LoggedTransactions()),
         std::tuple("signal a;\nb;\nc", MakePos(0, 3), MakePos(2, 0), 9));
-}
 
-TEST_F(TemplatesTest, RangeDialogNeedsARangeAndTicksOneBoxOnly) {
-    TestBuffer buffer("a\nb\nc");
+    // The range dialog needs a range and ticks one box only.
     buffer.PlaceCaret(1, 0);
+    buffer->lines.hasSelection = 0;
     host.dialogActions.push_back([this](GadgetDialog& dialog) {
         EXPECT_EQ(GlGadgetGetText(*GadgetAfter(dialog, "S&tart at line:")), "2");
         EXPECT_TRUE(GadgetWithText(dialog, "&Selection")->IsDisabled());
@@ -157,7 +156,7 @@ TEST_F(TemplatesTest, RangeDialogNeedsARangeAndTicksOneBoxOnly) {
         EXPECT_EQ(DialogOkCommand(dialog), 1);
     });
     EditSpecial();
-    EXPECT_EQ(buffer.Text(), "a\n\tb\n\tc");
+    EXPECT_EQ(buffer.Text(), "signal a;\n\tb;\n\tc");
 
     buffer.Select(MakePos(0, 0), MakePos(0, 1));
     host.dialogActions.push_back([](GadgetDialog& dialog) {
@@ -170,7 +169,7 @@ TEST_F(TemplatesTest, RangeDialogNeedsARangeAndTicksOneBoxOnly) {
         DialogOkCommand(dialog);
     });
     EditSpecial();
-    EXPECT_EQ(buffer.Text(), "a\nb\nc");
+    EXPECT_EQ(buffer.Text(), "signal a;\nb;\nc");
 }
 
 // A value "[file][name]" expands a template, loaded once and found again by its path.
