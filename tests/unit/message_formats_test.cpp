@@ -8,6 +8,7 @@
 
 #include "customisation_files.h"
 #include "editor_fixture.h"
+#include "language_test_files.h"
 
 namespace ruvo {
 namespace {
@@ -112,24 +113,21 @@ TEST_F(MessageFormatsTest, FaultyRuleLinesAreReportedAndTheRestIsKept) {
         {"error {file}:{line}", false},
         {"[auto]", true},
     };
-    std::FILE* file = std::tmpfile();
-    ASSERT_NE(file, nullptr);
+    std::string text;
     std::vector<std::string> expected;
     for (const auto& [line, bad] : lines) {
-        std::fprintf(file, "%s\n", line);
+        text += std::string(line) + "\n";
         if (bad)
             expected.insert(expected.end(),
                             {"Error 7: Message formats syntax error:", std::string("\t") + line});
     }
-    std::rewind(file);
-    const MessageFormats formats = ReadMessageFormats(file);
-    std::fclose(file);
+    const MessageFormats formats = ReadMessageFormats(TempFile(text).path());
     EXPECT_EQ(ReportedLines(editor), expected);
     ASSERT_EQ(formats.size(), 1u);
-    MessageReader reader(formats, "MINE");
-    EXPECT_EQ(Read(reader, "Err: C:/a b/c.v(3) oops"), "C:/a b/c.v:3:0E");
-    EXPECT_EQ(Read(reader, "line 4 of C:/d.v"), "C:/d.v:4:0W");
-    EXPECT_EQ(Read(reader, "at e.v line 5: x"), "e.v:5:0E"); // a literal after an optional part
+    // The last line: a literal after an optional part.
+    EXPECT_EQ(Entries(formats, "MINE",
+                      {"Err: C:/a b/c.v(3) oops", "line 4 of C:/d.v", "at e.v line 5: x"}),
+              "C:/a b/c.v:3:0E C:/d.v:4:0W e.v:5:0E ");
     EXPECT_FALSE(MessageReader(formats, "other").Reads());
 
     (void)ReadMessageFormats(std::string("/nonexistent/messages.ini"));
