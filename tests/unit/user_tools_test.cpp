@@ -41,26 +41,68 @@ class UserToolsTest : public ToolsTest {
     ToolTable& table = editor.tools.tools;
 };
 
-TEST_F(UserToolsTest, LoadingStopsAtTheFirstUnnamedSlotAndLabelsTheCommands) {
+// Loading stops at the first unnamed slot; a named tool labels its command and menu item. The
+// dialog adds after the selected tool, deletes in place and takes edits at once; Cancel puts
+// everything back.
+TEST_F(UserToolsTest, ToolsAreLoadedLabelledEditedInTheDialogAndSaved) {
     Define(1, "Lint", "C:\\bin\\lint.exe", "-f $$", "C:\\work");
     Define(2, "Make", "make.exe");
-    Define(4, "Hidden", "x.exe");
+    Define(3, "T3", "t3.exe");
+    Define(5, "Hidden", "x.exe");
     loadTools();
-    EXPECT_EQ(table.toolCount, 2);
+    EXPECT_EQ(table.toolCount, 3);
     EXPECT_EQ(table.slots[0],
               (ToolRecord{"Lint", "C:\\bin\\lint.exe", "-f $$", "C:\\work", "GHDL"}));
-    WriteBytes(folder.File("menu.ini"), "MENU &Run\nITEM a RunTool2\nITEM b RunTool3\nEND\n");
+    WriteBytes(folder.File("menu.ini"), "MENU &Run\nITEM a RunTool2\nITEM b RunTool4\nEND\n");
     host.SetProfile("GUI", "Menu", folder.File("menu.ini"));
     PrepareMainMenu(); // a named tool's item shows the name
     const std::vector<MenuEntry>& items = editor.customisation.menu.entries;
-    EXPECT_EQ(Label(RunTool1) + items[1].text + items[2].text + Label(RunTool3),
-              "LintMakebRunTool3");
+    EXPECT_EQ(Label(RunTool1) + items[1].text + items[2].text + Label(RunTool4),
+              "LintMakebRunTool4");
+    std::vector<int> formats; // shown for tools 1 and 2
+    host.inputAnswers = {"New", "", std::nullopt, "Other"};
+    host.dialogActions.push_back([&](GadgetDialog& d) {
+        Gadget& list = Nth(d, GadgetType::DropDownList, 0);
+        Gadget& format = Nth(d, GadgetType::DropDownList, 1);
+        formats.push_back(format.value);
+        Press(d, "", 1); // the tool list: the second tool
+        formats.push_back(format.value);
+        Press(d, "&Delete"); // the former third is shown in its place
+        EXPECT_EQ(Nth(d, GadgetType::Edit, 0).textValue, "t3.exe");
+        Press(d, "", 0);
+        for (int i = 0; i < 3; ++i) // added after the selected tool; no name or Cancel add none
+            Press(d, "&Add new");
+        EXPECT_EQ(list.items, (std::vector<std::string>{"Lint", "New", "T3"}));
+        Type(d, 0, "new.exe");
+        Type(d, 1, "-f $$");
+        Type(d, 2, "C:\\w");
+        setGadgetValue(format, 5);
+        GadgetNotified(d, format.controlId, 5);
+        DialogOkCommand(d);
+    });
+    ToolOptions();
+    EXPECT_EQ(formats, (std::vector<int>{2, 0}));
+    EXPECT_EQ(host.inputRequests.at(0).prompt + std::to_string(host.inputRequests[0].maxLength),
+              "Name of new tool : 79");
+    EXPECT_EQ(std::tuple(table.toolCount, table.slots[1], table.slots[3]),
+              std::tuple(3, ToolRecord{"New", "new.exe", "-f $$", "C:\\w", "Yosys"}, ToolRecord{}));
+
+    ToolTable before = table;
+    host.dialogActions.push_back([&](GadgetDialog& d) {
+        Type(d, 0, "changed.exe");
+        Press(d, "&Delete");
+        Press(d, "&Add new");
+        DialogCancelCommand(d);
+    });
+    ToolOptions();
+    EXPECT_EQ(table, before);
 
     // With all six named the count stays at its start value: the dialog changes nothing.
     for (int n = 1; n <= 6; ++n)
         Define(n, "T" + std::to_string(n), "t.exe");
     table = ToolTable{};
     loadTools();
+    host.inputRequests.clear();
     host.dialogActions.push_back([&](GadgetDialog& d) {
         EXPECT_TRUE(GadgetWithText(d, "&Delete")->IsDisabled());
         Press(d, "&Add new");
@@ -68,7 +110,7 @@ TEST_F(UserToolsTest, LoadingStopsAtTheFirstUnnamedSlotAndLabelsTheCommands) {
         Type(d, 0, "x.exe");
         DialogOkCommand(d);
     });
-    const ToolTable before = table;
+    before = table;
     ToolOptions();
     EXPECT_EQ(table, before);
     EXPECT_EQ(std::to_string(table.toolCount + host.inputRequests.size()) + Label(RunTool6), "0T6");
@@ -137,49 +179,6 @@ TEST_F(UserToolsTest, RunningNeedsAnExecutableAndForDollarsAWindowAndSteppingCro
     clearErrors();
     EXPECT_TRUE(Markers(top).empty());
     EXPECT_EQ(std::count(host.redrawnWindows.begin(), host.redrawnWindows.end(), &pkg), 1);
-}
-
-TEST_F(UserToolsTest, ToolsAreAddedDeletedAndEditedInPlaceAndCancelPutsThemBack) {
-    for (int n = 1; n <= 3; ++n)
-        Define(n, "T" + std::to_string(n), "t" + std::to_string(n) + ".exe");
-    loadTools();
-    std::vector<int> formats; // shown for tools 1 and 2
-    host.inputAnswers = {"New", "", std::nullopt, "Other"};
-    host.dialogActions.push_back([&](GadgetDialog& d) {
-        Gadget& list = Nth(d, GadgetType::DropDownList, 0);
-        Gadget& format = Nth(d, GadgetType::DropDownList, 1);
-        formats.push_back(format.value);
-        Press(d, "", 1); // the tool list: the second tool
-        formats.push_back(format.value);
-        Press(d, "&Delete"); // the former third is shown in its place
-        EXPECT_EQ(Nth(d, GadgetType::Edit, 0).textValue, "t3.exe");
-        Press(d, "", 0);
-        for (int i = 0; i < 3; ++i) // added after the selected tool; no name or Cancel add none
-            Press(d, "&Add new");
-        EXPECT_EQ(list.items, (std::vector<std::string>{"T1", "New", "T3"}));
-        Type(d, 0, "new.exe");
-        Type(d, 1, "-f $$");
-        Type(d, 2, "C:\\w");
-        setGadgetValue(format, 5);
-        GadgetNotified(d, format.controlId, 5);
-        DialogOkCommand(d);
-    });
-    ToolOptions();
-    EXPECT_EQ(formats, (std::vector<int>{2, 0}));
-    EXPECT_EQ(host.inputRequests.at(0).prompt + std::to_string(host.inputRequests[0].maxLength),
-              "Name of new tool : 79");
-    EXPECT_EQ(std::tuple(table.toolCount, table.slots[1], table.slots[3]),
-              std::tuple(3, ToolRecord{"New", "new.exe", "-f $$", "C:\\w", "Yosys"}, ToolRecord{}));
-
-    const ToolTable before = table;
-    host.dialogActions.push_back([&](GadgetDialog& d) {
-        Type(d, 0, "changed.exe");
-        Press(d, "&Delete");
-        Press(d, "&Add new");
-        DialogCancelCommand(d);
-    });
-    ToolOptions();
-    EXPECT_EQ(table, before);
 }
 
 TEST_F(UserToolsTest, VsystemOptionsShowAndTakeTheSettings) {
