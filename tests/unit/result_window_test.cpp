@@ -81,8 +81,9 @@ TEST_F(ResultWindowTest, OutputPiecesBecomeLinesAfterTheHeaderOfTheReusedWindow)
     EXPECT_EQ(host.createdWindows.size(), 2u);
 }
 
-TEST_F(ResultWindowTest, AResultFileIsShownAndReadForErrors) {
-    editor.tools.sourceBuffer = &OpenSource("alu.vhd", "a\nb\nc\n");
+TEST_F(ResultWindowTest, AResultFileAndLeonardosOutputAreReadForErrors) {
+    EditBuffer& source = OpenSource("alu.vhd", "a\nb\nc\n");
+    editor.tools.sourceBuffer = &source;
     const std::string report = folder.File("vcom.log");
     WriteBytes(report, "header\r\nERROR: alu.vhd(2): bad\r\n");
     // Without a result window the file opens as a read-only message window; with one, its
@@ -92,10 +93,28 @@ TEST_F(ResultWindowTest, AResultFileIsShownAndReadForErrors) {
         EditBuffer* result = OpenResultBuffer();
         EXPECT_EQ(result->windowKind + result->lines.readOnly, KindMessage + 1);
         EXPECT_EQ(LinesOf(*result), (Lines{"header", "ERROR: alu.vhd(2): bad", ""}));
-        EXPECT_EQ(Markers(*editor.tools.sourceBuffer), (Marks{{2, KindError}}));
+        EXPECT_EQ(Markers(source), (Marks{{2, KindError}}));
         EXPECT_EQ(host.windowTitles[result], title);
     }
     EXPECT_EQ(host.createdWindows.size(), 2u); // the source and one result window
+    closeBuffer(*OpenResultBuffer());
+
+    // Leonardo writes its script and removes it only from the current directory.
+    const std::string script = folder.File("leonardo.script");
+    for (const bool current : {true, false}) {
+        host.currentDirectory = current ? DirectoryPart(source.fileName).value() : "C:\\elsewhere";
+        editor.engine.currentBuffer = &source;
+        // Only lines that start with a quote and name the source before "line " are entries.
+        Prints({"\"C:/rtl/alu.vhd\",line 3: Error, x\nC:/rtl/alu.vhd\",line 4: Error\n",
+                "\"alu_pkg.vhd\",line 5: Error\n\"line 6 in alu.vhd\"\n"});
+        EXPECT_EQ(LeonardoCompile(), 0);
+        EXPECT_EQ(host.processRuns.back().commandLine, "elsyn -file leonardo.script");
+        EXPECT_EQ(Markers(source), (Marks{{3, KindError}}));
+        EXPECT_EQ(std::filesystem::exists(script), !current);
+    }
+    EXPECT_EQ(ReadBytes(script), "analyze -work work alu.vhd\n");
+    EXPECT_EQ(LeonardoCompile(), 1); // the result window is refused
+    EXPECT_EQ(SynplifyVhdl() + SynplifyVerilog(), 0);
 }
 
 TEST_F(ResultWindowTest, VsystemCommandLinesPutEveryPieceInPlace) {
@@ -206,25 +225,6 @@ TEST_F(ResultWindowTest, ACompileMakesEntriesThatSteppingAndTheCaretFollowWhileT
     closeBuffer(*OpenResultBuffer());
     UpdateCommandStates();
     EXPECT_FALSE(hasErrorList() || ErrorCommandsEnabled());
-}
-
-TEST_F(ResultWindowTest, LeonardoWritesItsScriptAndRemovesItOnlyFromTheCurrentDirectory) {
-    EditBuffer& source = OpenSource("alu.vhd", "a\nb\nc\n");
-    const std::string script = folder.File("leonardo.script");
-    for (const bool current : {true, false}) {
-        host.currentDirectory = current ? DirectoryPart(source.fileName).value() : "C:\\elsewhere";
-        editor.engine.currentBuffer = &source;
-        // Only lines that start with a quote and name the source before "line " are entries.
-        Prints({"\"C:/rtl/alu.vhd\",line 3: Error, x\nC:/rtl/alu.vhd\",line 4: Error\n",
-                "\"alu_pkg.vhd\",line 5: Error\n\"line 6 in alu.vhd\"\n"});
-        EXPECT_EQ(LeonardoCompile(), 0);
-        EXPECT_EQ(host.processRuns.back().commandLine, "elsyn -file leonardo.script");
-        EXPECT_EQ(Markers(source), (Marks{{3, KindError}}));
-        EXPECT_EQ(std::filesystem::exists(script), !current);
-    }
-    EXPECT_EQ(ReadBytes(script), "analyze -work work alu.vhd\n");
-    EXPECT_EQ(LeonardoCompile(), 1); // the result window is refused
-    EXPECT_EQ(SynplifyVhdl() + SynplifyVerilog(), 0);
 }
 
 } // namespace
