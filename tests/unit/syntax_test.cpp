@@ -88,9 +88,8 @@ TEST_F(SyntaxTest, LinesSplitIntoCommentKeywordStringAndAbbreviationRuns) {
     EXPECT_EQ(KeywordLengthInGroup(language, 2, "std)") + KeywordLengthInGroup(language, 6, "s"),
               3);
     EXPECT_EQ(FindKeyword(language, "").length + FindKeyword(language, "_end").length, 0);
-}
 
-TEST_F(SyntaxTest, AbbreviationsExpandTheWholeTextWithoutRegardToCase) {
+    // An abbreviation expands the whole text, without regard to case.
     EditBuffer buffer;
     EXPECT_EQ(ExpansionOf(buffer, "sl"), nullptr); // no language
     buffer.language = &language;
@@ -141,7 +140,6 @@ TEST_F(EditorTest, ShippedLanguagesColourTheirCodeAndNameShippedTemplates) {
         {&verilog, "  alw", "[  ]text[alw]abbrev"}};
     for (const auto& [language, line, runs] : lines)
         EXPECT_EQ(Runs(line, language), runs) << line;
-
 
     std::vector<std::string> known; // "[$INSTALL\\file][name]" of every shipped template
     for (const char* file : {"vhdl.tpl", "verilog.tpl"})
