@@ -1,5 +1,6 @@
 // What an edit window shows: scrolling and the scroll bars, the selection and caret setters, the
 // status panes, and the pixel layout of rows, the caret, error markers and found text.
+#include <algorithm>
 #include <climits>
 #include <string>
 #include <tuple>
@@ -44,8 +45,6 @@ class ViewTest : public EditorTest {
             calls += std::to_string(line) + " ";
         return calls;
     }
-    // A 640 x 480 window: 80 columns with a 7-column margin, 32 full rows.
-    void Measure(EditBuffer& buffer) { MeasureBuffer(buffer, 640, 480); }
 
     // Each segment as [text], '*' when inverted, its colour (t text, c comment, k keyword, w
     // white, b black), '@' screen column, '~' when drawn with tabs; then the row's fill and end.
@@ -58,8 +57,7 @@ class ViewTest : public EditorTest {
         for (const RowSegment& s : std::vector(layout.segments, layout.segments + layout.count)) {
             text += "[" + std::string(buffer.lines.lineText[line] + s.start, s.length) + "]" +
                     (s.inverted ? "*" : "");
-            for (int c = 0; c < 5; ++c)
-                text += s.color == colours[c] ? std::string(1, "tckwb"[c]) : "";
+            text += "tckwb?"[std::ranges::find(colours, s.color) - colours];
             text += "@" + std::to_string(s.displayColumn) + (s.hasTabs ? "~" : "");
         }
         return text + (layout.fillBlack ? " black " : " white ") + std::to_string(layout.endColumn);
@@ -205,7 +203,7 @@ TEST_F(ViewTest, MeasureAndPaintPlanCoverVisibleRowsMarkersAndBlankBelowTheText)
     EXPECT_EQ((std::vector<int>{buffer->marginColumns, buffer->windowColumns, buffer->marginWidth,
                                 buffer->visibleLines, buffer->visibleColumns, buffer->clientWidth}),
               (std::vector<int>{7, 80, 56, 31, 73, 645}));
-    Measure(*buffer);
+    MeasureBuffer(*buffer, 640, 480); // 80 columns with a 7-column margin, 32 full rows
     // A full repaint draws the visible rows and the partial one after them, with the margin;
     // near the end the area below the last line is painted white; scrolled sideways the text is
     // clipped off the margin.
@@ -252,7 +250,7 @@ TEST_F(ViewTest, MeasureAndPaintPlanCoverVisibleRowsMarkersAndBlankBelowTheText)
     EXPECT_STREQ(number, "100");
     // Line numbers off: the text starts at the left edge and there is no margin to paint.
     SetLineNumbersShown(false);
-    Measure(*buffer);
+    MeasureBuffer(*buffer, 640, 480);
     EXPECT_EQ(TextColumnX(*buffer, 3), 0);
     EXPECT_FALSE(PlanPaint(*buffer, 0, 101, true).margin);
     EXPECT_EQ(MarginRect(*buffer), (PixelRect{-1, -1, -1, 495}));
@@ -264,7 +262,7 @@ TEST_F(ViewTest, RowsAreColouredSplitAtTheSelectionAndTabbedFromTheTextsColumnZe
     editor.settings.options.tabSize = 4;
     TestBuffer buffer("entity a is -- x\nsignal a\n\tend x\tis\nlast line\nab\tc");
     buffer->language = &language;
-    Measure(*buffer);
+    MeasureBuffer(*buffer, 640, 480);
     // {selection start, end, line, row}: the runs split at the selection's columns and the
     // selected text is white; a line inside a selection is one white run on a black row; a
     // start at a line's end leaves only the black rest; a tabbed piece keeps its own column.
