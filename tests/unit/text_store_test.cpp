@@ -42,6 +42,7 @@ TEST_F(TextStoreTest, EditsSplitAndJoinLinesWithinTheLineLimit) {
     EXPECT_EQ(InsertText(*buffer, "x", 1, 0), 0); // a line past the end
     EXPECT_EQ(EndOfInsertion(MakePos(1, 1), "1\n2\r\n3\n\n4"), MakePos(5, 1));
     EXPECT_EQ(EndOfInsertion(MakePos(3, 7), "abc"), MakePos(3, 10));
+    EXPECT_EQ(StoredText("a\r\nb\r\r\n\rc\r"), "a\nb\r\n\rc\r"); // only CR LF loses its CR
 
     // Deletion {start, end, text after} in turn: a backwards range changes nothing, an end past
     // a line or the text deletes to its end.
@@ -68,7 +69,7 @@ TEST_F(TextStoreTest, RangeTextAndScreenColumns) {
     TestBuffer buffer("\tab\tc\nxy\n\nde\nfghi");
     for (const auto& [from, to, text] : {std::tuple(MakePos(0, 3), MakePos(1, 1), "\tc\r\nx"),
                                          std::tuple(MakePos(1, 1), MakePos(0, 3), "")}) {
-        char* got = GetRangeText(*buffer, from, to, true);
+        char* got = GetRangeText(*buffer, from, to, PosLess(from, to)); // CR LF when not empty
         EXPECT_STREQ(got, text);
         Release(got);
     }
