@@ -231,17 +231,17 @@ TEST_F(CustomisationTest, HelpFilesUpToTheFirstEmptyTitleAndTheRecentFiles) {
 TEST_F(CustomisationTest, ButtonsIniLinesMakeButtonsGapsAndReportsAndFollowTheCommands) {
     LoadButtonsFrom("# the bar\n"
                     "SaveFile filesave extra words\n"
-                    "LoadFile FILEOPEN\n"
+                    "About INFO\n"
                     "GoNowhere COPY\n"
                     "SEPARATOR\n"
                     "NextError NEXTERROR\n"
                     "EditCopy NOSUCH\n"
                     "separator\n"
-                    "loadfile FILENEW\n"
+                    "about FILENEW\n"
                     "separator\n");
-    // The second LoadFile line changes the button's picture and gap; it does not move.
-    EXPECT_EQ(Buttons(), "SaveFile:4,2-grey LoadFile:35,2+gap NextError:66,2+gap-grey");
-    EXPECT_EQ(host.loadedPictures, (Texts{"filesave", "FILEOPEN", "NEXTERROR", "FILENEW"}));
+    // The second About line changes the button's picture and gap; it does not move.
+    EXPECT_EQ(Buttons(), "SaveFile:4,2-grey About:35,2+gap NextError:66,2+gap-grey");
+    EXPECT_EQ(host.loadedPictures, (Texts{"filesave", "INFO", "NEXTERROR", "FILENEW"}));
     EXPECT_EQ(ReportedLines(editor),
               (Texts{"Error 4: Cannot find Button function 'GoNowhere'.",
                      "Error 6: Cannot find bitmap 'NOSUCH' for function 'EditCopy'."}));
@@ -251,18 +251,18 @@ TEST_F(CustomisationTest, ButtonsIniLinesMakeButtonsGapsAndReportsAndFollowTheCo
     Texts shown;
     for (const FakeHost::StatusText& s : host.statusTexts)
         shown.push_back(s.text);
-    EXPECT_EQ(shown,
-              (Texts{"Save the file in the active edit window.", "Locate and open a file.", ""}));
+    EXPECT_EQ(shown, (Texts{"Save the file in the active edit window.",
+                            "Display version and copyright information.", ""}));
     host.redrawnButtons.clear();
-    for (int x : {10, 120, 40}) // SaveFile is grey, then no button, then LoadFile
+    for (int x : {10, 120, 40}) // SaveFile is grey, then no button, then About
         ButtonBarPressed(x, 10);
-    EXPECT_EQ(host.fileDialogs.size(), 1u);
+    EXPECT_EQ(host.aboutBoxes.size(), 1u);
     EXPECT_EQ(host.redrawnButtons, (std::vector<int>{1, 1}));
     EXPECT_FALSE(editor.customisation.buttonBar.buttons[1].pressed);
     SetCommandsEnabled(CommandTable[RowOf("SaveFile")].flags, true);
     SetCommandsEnabled(CommandTable[RowOf("SaveFile")].flags, true); // no change, no redraw
     EXPECT_EQ(host.redrawnButtons, (std::vector<int>{1, 1, 0}));
-    EXPECT_EQ(Buttons(), "SaveFile:4,2 LoadFile:35,2+gap NextError:66,2+gap-grey");
+    EXPECT_EQ(Buttons(), "SaveFile:4,2 About:35,2+gap NextError:66,2+gap-grey");
     ReleaseButtons();
     EXPECT_EQ(host.freedPictures, (std::vector<uintptr_t>{2, 1, 4, 3}));
     host.SetProfile("GUI", "Buttons", "no/buttons.ini");
