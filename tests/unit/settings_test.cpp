@@ -230,7 +230,7 @@ TEST(SettingsText, LineReaderAndCommandLine) {
     // An empty quoted name names no file; a closing quote ends a name without a blank after it.
     const std::pair<const char*, Texts> splits[] = {
         {"   ", {}},
-        {"  a.vhd \t b.v\tc\\d.vhd ", {"a.vhd", "b.v", "c\\d.vhd"}},
+        {"  a.vhd \t b.v\tc\\d.vhd", {"a.vhd", "b.v", "c\\d.vhd"}},
         {"\"my design\\alu\ttop.vhd\"b.v \"\" \"open quote takes  the rest",
          {"my design\\alu\ttop.vhd", "b.v", "open quote takes  the rest"}}};
     for (const auto& [line, names] : splits)
