@@ -104,26 +104,7 @@ TEST_F(CustomisationTest, EachLineIsBoundOrReportedAndSkipped) {
     }
 }
 
-TEST_F(CustomisationTest, AFullFileLeavesRoomForTheFixedBindingsAndTheFirstOfEqualKeysWins) {
-    const char* modifiers[] = {"CTRL+", "ALT+", "CTRL+ALT+", "ALT+SHIFT+", "CTRL+SHIFT+"};
-    std::string content = "KEY F3 FindText\nKEY F3 FindNextText\n";
-    for (int i = 0; i < 130; ++i)
-        content += "KEY " + std::string(modifiers[i / 26]) + char('A' + i % 26) + " About\n";
-    TempFile file(content);
-    LoadKeyMap(file.path());
-    const Texts bindings = Bindings();
-    const Texts reports = ReportedLines(editor);
-    EXPECT_EQ(
-        std::tuple(bindings.size(), bindings[121], bindings[122], reports.size(), reports[1]),
-        std::tuple(128u, "Ctrl+Shift+P=About", "Ctrl+F4=WindowClose", 20u, "\ttoo many mappings"));
-    // Modifiers must match exactly; none of the 48 defaults survives.
-    EXPECT_EQ(NameOfId(BoundCommandId(0x72, false, false, false)), "FindText");
-    EXPECT_EQ(NameOfId(BoundCommandId('Z', false, true, false)), "About");
-    EXPECT_EQ(BoundCommandId('Z', true, true, false) + BoundCommandId(0x2D, false, true, false),
-              0u);
-}
-
-TEST_F(CustomisationTest, WithoutAFileTheDefaultsHoldAndTheDialogShowsACommandsLastKey) {
+TEST_F(CustomisationTest, DefaultsTheDialogAndAFullFileWhereTheFirstOfEqualKeysWins) {
     LoadKeyMap("");
     EXPECT_EQ(ReportedLines(editor), Texts{"Error 2: Cannot open Keyboard definition file ''."});
     const Texts bindings = Bindings();
@@ -155,6 +136,23 @@ TEST_F(CustomisationTest, WithoutAFileTheDefaultsHoldAndTheDialogShowsACommandsL
     Accelerators();
     EXPECT_EQ(std::tuple(editor.customisation.acceleratorsDialog.get(), host.shownDialogs.size()),
               std::tuple(first, 2u));
+    // A full file leaves room for the fixed bindings.
+    const char* modifiers[] = {"CTRL+", "ALT+", "CTRL+ALT+", "ALT+SHIFT+", "CTRL+SHIFT+"};
+    std::string content = "KEY F3 FindText\nKEY F3 FindNextText\n";
+    for (int i = 0; i < 130; ++i)
+        content += "KEY " + std::string(modifiers[i / 26]) + char('A' + i % 26) + " About\n";
+    TempFile file(content);
+    LoadKeyMap(file.path());
+    const Texts full = Bindings();
+    const Texts reports = ReportedLines(editor);
+    EXPECT_EQ(
+        std::tuple(full.size(), full[121], full[122], reports.size(), reports[2]),
+        std::tuple(128u, "Ctrl+Shift+P=About", "Ctrl+F4=WindowClose", 21u, "\ttoo many mappings"));
+    // Modifiers must match exactly; none of the 48 defaults survives.
+    EXPECT_EQ(NameOfId(BoundCommandId(0x72, false, false, false)), "FindText");
+    EXPECT_EQ(NameOfId(BoundCommandId('Z', false, true, false)), "About");
+    EXPECT_EQ(BoundCommandId('Z', true, true, false) + BoundCommandId(0x2D, false, true, false),
+              0u);
 }
 
 TEST_F(CustomisationTest, MenuIniStatementsAndTheirReports) {
