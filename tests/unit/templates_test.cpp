@@ -173,7 +173,7 @@ TEST_F(TemplatesTest, SelectedLinesAndRangeCommandsChangeOneLineStartEach) {
 }
 
 // A value "[file][name]" expands a template, loaded once and found again by its path.
-TEST_F(TemplatesTest, LanguageExpandReplacesTheWordByValueOrTemplate) {
+TEST_F(TemplatesTest, LanguageAndIdentifierExpandReplaceTheWordBeforeTheCaret) {
     TempFile templates("[ent(name)]\nentity $1$ is\nend entity $1$;\n");
     const std::string file = "[" + templates.path();
     for (const auto& [name, value] : {std::pair{"sig", std::string("signal ")},
@@ -198,27 +198,26 @@ TEST_F(TemplatesTest, LanguageExpandReplacesTheWordByValueOrTemplate) {
     EXPECT_EQ(host.ErrorBoxTexts(), "Template \"Ent\" not found in file \"" + templates.path() +
                                         "\" .\nTemplate file \"" + templates.path() +
                                         "-gone\" not found.\n");
-    EXPECT_EQ(host.boxes[0].caption, "Warning");
+    EXPECT_EQ(host.boxes[0].caption + std::to_string(editor.hdlAids.templates.loadedFiles.size()),
+              "Warning1");
     EXPECT_EQ(buffer.Text(),
               "sig\n  signal \nx bad\nx gone lost\n  entity alu is\nend entity alu;\n");
-    EXPECT_EQ(editor.hdlAids.templates.loadedFiles.size(), 1u);
     EditUndo(); // the word comes back with the same step
     EXPECT_EQ(buffer.Text(), "sig\n  signal \nx bad\nx gone lost\n  ent");
-}
 
-TEST_F(TemplatesTest, IdentifierExpandTakesEachEarlierWordOnceThenSaysSo) {
-    TestBuffer buffer("clock <= '0';\nclear <= xclear;\nclr; cl");
-    buffer.PlaceCaret(2, 7);
+    // Identifier completion takes each earlier word once, then says so.
+    TestBuffer words("clock <= '0';\nclear <= xclear;\nclr; cl");
+    words.PlaceCaret(2, 7);
     for (const char* word : {"clr", "clear", "clock", "clock"}) {
         IdentifierExpand();
-        EXPECT_EQ(buffer.Text(), "clock <= '0';\nclear <= xclear;\nclr; " + std::string(word));
+        EXPECT_EQ(words.Text(), "clock <= '0';\nclear <= xclear;\nclr; " + std::string(word));
     }
     EXPECT_EQ(host.statusPanes[4], "No string matching 'cl' found.");
     // Moving the cursor starts a new completion, which may take the last candidate again; a
     // one-letter word at the line start is a prefix too.
-    buffer.PlaceCaret(1, 2);
+    words.PlaceCaret(1, 2);
     IdentifierExpand();
-    EXPECT_EQ(buffer.Text(), "clock <= '0';\nclockear <= xclear;\nclr; clock");
+    EXPECT_EQ(words.Text(), "clock <= '0';\nclockear <= xclear;\nclr; clock");
     TestBuffer second("clk\nc");
     second.PlaceCaret(1, 1);
     IdentifierExpand();
