@@ -68,7 +68,7 @@ TEST_F(SearchTest, MatchesFollowTheCaseAndWholeWordRulesWhereTheyStart) {
     }
 }
 
-TEST_F(SearchTest, FindSelectsTheMatchAndRepeatsWithoutWrapping) {
+TEST_F(SearchTest, FindSelectsTheMatchAndRepeatsWithoutWrappingAndGoToLineClamps) {
     TestBuffer buffer("a clk b\nclk c\nclk");
     Run(FindText, "clk", "", "");
     EXPECT_EQ(Selection(buffer), (TextRange{MakePos(0, 2), MakePos(0, 5)}));
@@ -95,6 +95,20 @@ TEST_F(SearchTest, FindSelectsTheMatchAndRepeatsWithoutWrapping) {
         EXPECT_EQ(Selection(buffer), (TextRange{MakePos(0, 0), MakePos(1, 3)})) << forward;
         ASSERT_FALSE(host.foundTexts.empty());
         EXPECT_EQ(host.foundTexts.back().startColumn, forward ? 2 : 0) << forward;
+    }
+
+    // Go to line clamps the number into the text.
+    const std::pair<const char*, int32_t> lines[] = {{"3", 2},  {"1000", 2},       {"0", 0},
+                                                     {"-7", 0}, {"abc", 0},        {" 2x", 1},
+                                                     {"+2", 1}, {"99999999999", 2}};
+    for (const auto& [typed, line] : lines) {
+        buffer.PlaceCaret(2, 1);
+        host.dialogActions.push_back([&, typed](GadgetDialog& dialog) {
+            host.TypeText(*GadgetAfter(dialog, "&Enter line number:"), typed);
+            DialogOkCommand(dialog);
+        });
+        GotoLine();
+        EXPECT_EQ(buffer->cursor, MakePos(line, 0)) << typed;
     }
 }
 
@@ -169,22 +183,6 @@ TEST_F(SearchTest, ReplaceFollowsTheChoicesAndTheAnswers) {
     EXPECT_EQ(host.boxes[0].caption + "|" + host.boxes[0].text,
               "Replace text:|Replace this occurence of:\n'foo'");
     EXPECT_EQ(host.boxes[0].kind, static_cast<int>(QuestionKind::YesNoCancel));
-}
-
-TEST_F(SearchTest, GotoLineClampsTheNumberIntoTheText) {
-    TestBuffer buffer("a\nb\nc\nd\ne");
-    const std::pair<const char*, int32_t> cases[] = {{"3", 2},  {"1000", 4},       {"0", 0},
-                                                     {"-7", 0}, {"abc", 0},        {" 4x", 3},
-                                                     {"+2", 1}, {"99999999999", 4}};
-    for (const auto& [typed, line] : cases) {
-        buffer.PlaceCaret(2, 1);
-        host.dialogActions.push_back([&, typed](GadgetDialog& dialog) {
-            host.TypeText(*GadgetAfter(dialog, "&Enter line number:"), typed);
-            DialogOkCommand(dialog);
-        });
-        GotoLine();
-        EXPECT_EQ(buffer->cursor, MakePos(line, 0)) << typed;
-    }
 }
 
 } // namespace
