@@ -81,6 +81,21 @@ TEST_F(SyntaxTest, LinesSplitIntoCommentKeywordStringAndAbbreviationRuns) {
         {"xe if", "[xe ]text[if]kw1"}};
     for (const auto& [line, runs] : lines)
         EXPECT_EQ(Runs(line, &language), runs) << line;
+
+    // A short run array ends with one plain run over the rest of the line. Colouring off, or no
+    // language: one black run, not the language's text colour.
+    language.comment.typeface = 2;
+    const std::tuple<const char*, const LanguageDef*, int, const char*> cases[] = {
+        {"if x -- y", &language, MaxRunsPerLine, "[if]kw1/255/1[ x ]text/1/0[-- y]comment/0/2"},
+        {"\"s\" sl", &language, MaxRunsPerLine, "[\"s\"]string/0/1[ ]text/1/0[sl]abbrev/0/0"},
+        {"", &language, MaxRunsPerLine, ""},
+        {"if a then -- x", &language, 3, "[if]kw1/255/1[ ]text/1/0[a then -- x]text/1/0"},
+        {"if a", &language, 3, "[if]kw1/255/1[ ]text/1/0[a]kw1/255/1"},
+        {"if x", &language, 1, "[if x]text/1/0"},
+        {"if x", &language, 0, ""},
+        {"if x", nullptr, MaxRunsPerLine, "[if x]text/0/0"}};
+    for (const auto& [line, with, capacity, runs] : cases)
+        EXPECT_EQ(Runs(line, with, capacity, true), runs) << line << capacity;
     language.lineComment.clear();
     EXPECT_EQ(Runs("x -- if", &language), "[x -- ]text[if]kw1");
     language.caseSensitive = true;
@@ -97,23 +112,6 @@ TEST_F(SyntaxTest, LinesSplitIntoCommentKeywordStringAndAbbreviationRuns) {
     EXPECT_STREQ(ExpansionOf(buffer, "E IF"), "end if;");
     for (const char* text : {"s", "sl ", "", "e iff", "orphan"})
         EXPECT_EQ(ExpansionOf(buffer, text), nullptr) << text;
-}
-
-// A short run array ends with one plain run over the rest of the line. Colouring off, or no
-// language: one black run, not the language's text colour.
-TEST_F(SyntaxTest, RunsCarryColoursAndAShortArrayEndsWithTheRestOfTheLine) {
-    language.comment.typeface = 2;
-    const std::tuple<const char*, const LanguageDef*, int, const char*> cases[] = {
-        {"if x -- y", &language, MaxRunsPerLine, "[if]kw1/255/1[ x ]text/1/0[-- y]comment/0/2"},
-        {"\"s\" sl", &language, MaxRunsPerLine, "[\"s\"]string/0/1[ ]text/1/0[sl]abbrev/0/0"},
-        {"", &language, MaxRunsPerLine, ""},
-        {"if a then -- x", &language, 3, "[if]kw1/255/1[ ]text/1/0[a then -- x]text/1/0"},
-        {"if a", &language, 3, "[if]kw1/255/1[ ]text/1/0[a]kw1/255/1"},
-        {"if x", &language, 1, "[if x]text/1/0"},
-        {"if x", &language, 0, ""},
-        {"if x", nullptr, MaxRunsPerLine, "[if x]text/0/0"}};
-    for (const auto& [line, with, capacity, runs] : cases)
-        EXPECT_EQ(Runs(line, with, capacity, true), runs) << line << capacity;
     editor.settings.options.colors = false;
     EXPECT_EQ(Runs("if x -- y", &language, MaxRunsPerLine, true), "[if x -- y]text/0/0");
 }
