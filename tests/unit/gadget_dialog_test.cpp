@@ -14,7 +14,7 @@ template <class Box> std::string Place(const Box& g) {
            std::to_string(g.height);
 }
 
-TEST_F(GadgetDialogTest, UnitsRadioGridTagsAndItems) {
+TEST_F(GadgetDialogTest, UnitsRadioGridTagsItemsAndCloseButtons) {
     host.dialogBaseUnits = {7, 15}; // the vertical unit becomes 16
     auto dialog = createDialog("Units");
     Gadget* edit = GlGadgetCreate(*dialog, GadgetType::Edit, 46, 13, 112, 12, "",
@@ -63,32 +63,32 @@ TEST_F(GadgetDialogTest, UnitsRadioGridTagsAndItems) {
     EXPECT_EQ(GlGadgetGet(*GlGadgetCreate(*dialog, GadgetType::StaticText, 0, 0, 9, 9, "s",
                                           {ValueTag("text")})),
               0);
-}
 
-TEST_F(GadgetDialogTest, CloseButtonsSitBelowTheGadgetsAndEndTheDialog) {
-    auto dialog = createDialog("Close");
-    Gadget* edit = GlGadgetCreate(*dialog, GadgetType::Edit, 6, 8, 150, 12, "", {MaxLengthTag(4)});
+    // Close buttons sit below the gadgets and end the dialog.
+    auto closing = createDialog("Close");
+    Gadget* field =
+        GlGadgetCreate(*closing, GadgetType::Edit, 6, 8, 150, 12, "", {MaxLengthTag(4)});
     int applied = 0;
     addCloseButtons(
-        *dialog,
+        *closing,
         [&](Gadget&) {
             ++applied;
-            return GlGadgetGetText(*edit) == "keep" ? GadgetStayOpen : GadgetCloseOk;
+            return GlGadgetGetText(*field) == "keep" ? GadgetStayOpen : GadgetCloseOk;
         },
         [](Gadget&) { return GadgetCloseCancel; });
-    const Gadget &apply = *dialog->applyButton, &cancel = *dialog->cancelButton;
+    const Gadget &apply = *closing->applyButton, &cancel = *closing->cancelButton;
     EXPECT_EQ(apply.text + cancel.text, "&Apply&Cancel");
-    EXPECT_TRUE(apply.y > edit->y + edit->height && apply.x < cancel.x);
+    EXPECT_TRUE(apply.y > field->y + field->height && apply.x < cancel.x);
     host.dialogActions.push_back([&](GadgetDialog& d) {
-        host.TypeText(*edit, "keepers"); // cut to four characters as typed
+        host.TypeText(*field, "keepers"); // cut to four characters as typed
         EXPECT_EQ(DialogOkCommand(d), -1);
-        host.TypeText(*edit, "done");
+        host.TypeText(*field, "done");
         EXPECT_EQ(DialogOkCommand(d), 1);
     });
-    EXPECT_EQ(showDialog(*dialog, true), 1);
+    EXPECT_EQ(showDialog(*closing, true), 1);
     EXPECT_EQ(applied, 2);
     host.dialogActions.push_back([](GadgetDialog& d) { DialogCancelCommand(d); });
-    EXPECT_EQ(showDialog(*dialog, true), 0);
+    EXPECT_EQ(showDialog(*closing, true), 0);
 }
 
 TEST_F(GadgetDialogTest, TabPagesShowTheirGadgetsAndACallbackEndsTheDialog) {
