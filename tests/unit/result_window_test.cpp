@@ -117,34 +117,6 @@ TEST_F(ResultWindowTest, AResultFileAndLeonardosOutputAreReadForErrors) {
     EXPECT_EQ(SynplifyVhdl() + SynplifyVerilog(), 0);
 }
 
-TEST_F(ResultWindowTest, VsystemCommandLinesPutEveryPieceInPlace) {
-    VsystemSettings all;
-    all.library = "mylib";
-    all.vcomLine = all.vlogLine = "12abc";
-    all.vcomOptions = all.vlogOptions = "-q";
-    all.stdLogicOpt = false;
-    all.convUpCase = all.hazard = true;
-    VsystemSettings none;
-    none.vcomLine = none.vlogLine = "x12";
-    none.vhdl93 = none.explicitFunctions = false;
-    const struct {
-        const VsystemSettings* settings;
-        int mode;
-        const char* expected;
-    } cases[] = {
-        {&none, ModeVcom, "D:\\vcom -work work  alu.vhd"},
-        {&all, ModeVcom, "D:\\vcom -work mylib -no1164 -explicit -93  -line 12abc  -q alu.vhd"},
-        {&none, ModeVlog, "D:\\vlog  -work work  alu.vhd"},
-        {&all, ModeVlog, "D:\\vlog  -work mylib -u -hazards  -line 12abc  -q alu.vhd"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(buildVsystemCommand(*c.settings, "C:\\libs\\work", c.mode, "D:\\", "alu.vhd"),
-                  c.expected);
-    EXPECT_EQ(compilerFileName("C:\\My Designs\\my alu.vhd"), "\"my alu.vhd\"");
-    EXPECT_EQ(parseVsystemLine("ERROR: C:\\x(y)\\alu.vhd(12)", ""), 0); // the first parenthesis
-    EXPECT_EQ(parseVsystemLine("ERROR: alu.vhd(99999999999)", ""), INT32_MAX);
-}
-
 TEST_F(ResultWindowTest, ACompileMakesEntriesThatSteppingAndTheCaretFollowWhileTheWindowStays) {
     EXPECT_EQ(VsystemVHDL(), 1); // without a path nothing runs
     EXPECT_EQ(host.ErrorBoxTexts(), "Please set the path to the Vsystem directory\nusing the "
@@ -225,6 +197,33 @@ TEST_F(ResultWindowTest, ACompileMakesEntriesThatSteppingAndTheCaretFollowWhileT
     closeBuffer(*OpenResultBuffer());
     UpdateCommandStates();
     EXPECT_FALSE(hasErrorList() || ErrorCommandsEnabled());
+
+    // V-System command lines put every piece in place.
+    VsystemSettings all;
+    all.library = "mylib";
+    all.vcomLine = all.vlogLine = "12abc";
+    all.vcomOptions = all.vlogOptions = "-q";
+    all.stdLogicOpt = false;
+    all.convUpCase = all.hazard = true;
+    VsystemSettings none;
+    none.vcomLine = none.vlogLine = "x12";
+    none.vhdl93 = none.explicitFunctions = false;
+    const struct {
+        const VsystemSettings* settings;
+        int mode;
+        const char* expected;
+    } cases[] = {
+        {&none, ModeVcom, "D:\\vcom -work work  alu.vhd"},
+        {&all, ModeVcom, "D:\\vcom -work mylib -no1164 -explicit -93  -line 12abc  -q alu.vhd"},
+        {&none, ModeVlog, "D:\\vlog  -work work  alu.vhd"},
+        {&all, ModeVlog, "D:\\vlog  -work mylib -u -hazards  -line 12abc  -q alu.vhd"},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(buildVsystemCommand(*c.settings, "C:\\libs\\work", c.mode, "D:\\", "alu.vhd"),
+                  c.expected);
+    EXPECT_EQ(compilerFileName("C:\\My Designs\\my alu.vhd"), "\"my alu.vhd\"");
+    EXPECT_EQ(parseVsystemLine("ERROR: C:\\x(y)\\alu.vhd(12)", ""), 0); // the first parenthesis
+    EXPECT_EQ(parseVsystemLine("ERROR: alu.vhd(99999999999)", ""), INT32_MAX);
 }
 
 } // namespace
