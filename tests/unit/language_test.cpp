@@ -102,35 +102,6 @@ TEST_F(LanguageTest, ExtensionListsChooseTheLanguage) {
     }
 }
 
-// Used entries stay contiguous: deleting from a full table loses entry 5 too, adding to a full
-// one drops the last. The move tells where each old entry went (-1: gone).
-TEST_F(LanguageTest, AddingAndDeletingMoveTheEntriesInPlace) {
-    const std::tuple<int, int, bool, const char*> cases[] = {
-        {5, 1, false, "1|None B C D  |0 -1 1 2 3 -1 "},
-        {3, 1, false, "1|None B C   |0 -1 1 2 4 5 "},
-        {5, 5, false, "1|None A B C D |0 1 2 3 4 -1 "},
-        {2, 1, true, "2|None A New B  |0 1 3 4 5 -1 "},
-        {5, 2, true, "3|None A B New C D|0 1 2 4 5 -1 "},
-        {5, 5, true, "-1|None A B C D E|0 1 2 3 4 5 "}};
-    LoadLanguages();
-    for (const auto& [used, selected, add, expected] : cases) {
-        for (int i = 1; i < LanguageCount; ++i)
-            LanguageEntry(i) = LanguageDef{};
-        for (int i = 1; i <= used; ++i)
-            LanguageEntry(i).name = std::string(1, static_cast<char>('A' + i - 1));
-        LanguageMove move;
-        std::string got = std::to_string(add ? AddLanguage(selected, "New", move)
-                                             : DeleteLanguage(selected, move)) +
-                          "|" + LanguageEntry(0).name;
-        for (int i = 1; i < LanguageCount; ++i)
-            got += " " + LanguageEntry(i).name;
-        got += "|";
-        for (int i : move.to)
-            got += std::to_string(i) + " ";
-        EXPECT_EQ(got, expected);
-    }
-}
-
 TEST_F(LanguageTest, OptionsFilesGiveSortedGroupsColoursAndTheExpanderTable) {
     TempFile file("Text before any section is ignored\n[group1]\nsignal\nEntity\n# a comment\n"
                   "; another one\n\nend if\n" +
@@ -220,6 +191,32 @@ TEST_F(LanguageTest, DialogStoresFieldsAtOnceAndCancelBringsTheTableBack) {
     EXPECT_EQ(after, before);
     EXPECT_EQ(std::tuple(buffers[0]->language, buffers[1]->language),
               std::tuple(&LanguageEntry(1), &LanguageEntry(3)));
+
+    // Used entries stay contiguous: deleting from a full table loses entry 5 too, adding to a full
+    // one drops the last. The move tells where each old entry went (-1: gone).
+    const std::tuple<int, int, bool, const char*> cases[] = {
+        {5, 1, false, "1|None B C D  |0 -1 1 2 3 -1 "},
+        {3, 1, false, "1|None B C   |0 -1 1 2 4 5 "},
+        {5, 5, false, "1|None A B C D |0 1 2 3 4 -1 "},
+        {2, 1, true, "2|None A New B  |0 1 3 4 5 -1 "},
+        {5, 2, true, "3|None A B New C D|0 1 2 4 5 -1 "},
+        {5, 5, true, "-1|None A B C D E|0 1 2 3 4 5 "}};
+    for (const auto& [used, selected, add, expected] : cases) {
+        for (int i = 1; i < LanguageCount; ++i)
+            LanguageEntry(i) = LanguageDef{};
+        for (int i = 1; i <= used; ++i)
+            LanguageEntry(i).name = std::string(1, static_cast<char>('A' + i - 1));
+        LanguageMove move;
+        std::string got = std::to_string(add ? AddLanguage(selected, "New", move)
+                                             : DeleteLanguage(selected, move)) +
+                          "|" + LanguageEntry(0).name;
+        for (int i = 1; i < LanguageCount; ++i)
+            got += " " + LanguageEntry(i).name;
+        got += "|";
+        for (int i : move.to)
+            got += std::to_string(i) + " ";
+        EXPECT_EQ(got, expected);
+    }
 }
 
 } // namespace
