@@ -25,7 +25,11 @@ using Texts = std::vector<std::string>;
 
 using TemplatesTest = EditorTest;
 
-TEST_F(TemplatesTest, ReaderKeepsGoodTemplatesAndReportsEachFault) {
+// Files come from the profile (a missing one is kept, a repeated one loaded once) and from the
+// Load button, where a file with a fault shows the start-up report at once. A template goes in
+// by the Insert button or a double click, as one edit, its values kept for the next use.
+TEST_F(TemplatesTest, FilesAreReadAndLoadedAndDialogsInsertWithValuesKeptAsOneEdit) {
+    // The reader keeps good templates and reports each fault.
     const std::string name30(30, 'n');
     const std::string undefined = "Body contains placeholder of non-existent parameter in: t.|@|";
     // {file, names of the templates kept, "Error 8: " reports with "@" for the one naming the file}
@@ -58,12 +62,7 @@ TEST_F(TemplatesTest, ReaderKeepsGoodTemplatesAndReportsEachFault) {
     EXPECT_EQ(LoadTemplateFile("/no/such/file.tpl"), nullptr);
     EXPECT_EQ(ReportedLines(editor).back(),
               "Error 2: Cannot open template file '/no/such/file.tpl'.");
-}
 
-// Files come from the profile (a missing one is kept, a repeated one loaded once) and from the
-// Load button, where a file with a fault shows the start-up report at once. A template goes in
-// by the Insert button or a double click, as one edit, its values kept for the next use.
-TEST_F(TemplatesTest, DialogsLoadFilesAndInsertWithValuesKeptAsOneEdit) {
     TempFile a("[a()]\n");
     TempFile file("[and2(a, b)]\ny <= $1$ and $2$;\n[empty()]\n-- empty\n");
     TempFile faulty("[x]\n");
