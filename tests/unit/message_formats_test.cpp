@@ -91,6 +91,26 @@ TEST_F(MessageFormatsTest, EveryLocationIsFoundAndNoContinuationLine) {
         EXPECT_EQ(Entries(formats, c.format, c.lines), c.entries) << c.format;
         EXPECT_EQ(Entries(formats, AllFormatsName, c.lines), c.entries) << c.format;
     }
+
+    // A message's path is resolved against the working directory and cleaned.
+    EXPECT_EQ(ResolveMessagePath("C:\\proj", "a.vhd"), "C:\\proj\\a.vhd");
+    EXPECT_EQ(ResolveMessagePath("C:\\proj\\", "./sub/a.v"), "C:\\proj\\sub/a.v");
+    EXPECT_EQ(ResolveMessagePath("/home/me/proj", "a.v"), "/home/me/proj/a.v");
+    EXPECT_EQ(ResolveMessagePath("", "a.v") + ResolveMessagePath(".", "b.v"), "a.vb.v");
+
+    EXPECT_EQ(CleanPath("C:/proj/./sub\\../a b.vhd"), "C:/proj/a b.vhd");
+    EXPECT_EQ(CleanPath("\\\\server/share//x/../a.v"), "\\\\server\\share\\a.v");
+    EXPECT_EQ(CleanPath("..\\../a.v"), "..\\..\\a.v");
+    EXPECT_EQ(CleanPath("C:\\..\\a.v"), "C:\\a.v"); // ".." at the root stays there
+    EXPECT_EQ(CleanPath("x/../../a.v"), "../a.v");
+    EXPECT_EQ(ResolveMessagePath("C:\\p", "./.\\a.v"), "C:\\p\\a.v");
+    EXPECT_TRUE(SameFilePath("C:\\Proj\\A.vhd", "c:/proj/a.vhd"));
+    EXPECT_FALSE(SameFilePath("C:\\a.vhd", "D:\\a.vhd"));
+
+    // GHDL counts a tab to the next multiple of 8, others count it as one column.
+    EXPECT_EQ(ColumnToByte("\tq <= r;", 9, 8), 1);
+    EXPECT_EQ(ColumnToByte("  \tx", 5, 8), 2);
+    EXPECT_EQ(ColumnToByte("abc", 40, 1), 3);
 }
 
 TEST_F(MessageFormatsTest, FaultyRuleLinesAreReportedAndTheRestIsKept) {
@@ -133,27 +153,6 @@ TEST_F(MessageFormatsTest, FaultyRuleLinesAreReportedAndTheRestIsKept) {
     (void)ReadMessageFormats(std::string("/nonexistent/messages.ini"));
     EXPECT_EQ(ReportedLines(editor).back(),
               "Error 2: Cannot open Message format file '/nonexistent/messages.ini'.");
-}
-
-TEST(MessageLocationTest, PathsAndColumns) {
-    EXPECT_EQ(ResolveMessagePath("C:\\proj", "a.vhd"), "C:\\proj\\a.vhd");
-    EXPECT_EQ(ResolveMessagePath("C:\\proj\\", "./sub/a.v"), "C:\\proj\\sub/a.v");
-    EXPECT_EQ(ResolveMessagePath("/home/me/proj", "a.v"), "/home/me/proj/a.v");
-    EXPECT_EQ(ResolveMessagePath("", "a.v") + ResolveMessagePath(".", "b.v"), "a.vb.v");
-
-    EXPECT_EQ(CleanPath("C:/proj/./sub\\../a b.vhd"), "C:/proj/a b.vhd");
-    EXPECT_EQ(CleanPath("\\\\server/share//x/../a.v"), "\\\\server\\share\\a.v");
-    EXPECT_EQ(CleanPath("..\\../a.v"), "..\\..\\a.v");
-    EXPECT_EQ(CleanPath("C:\\..\\a.v"), "C:\\a.v"); // ".." at the root stays there
-    EXPECT_EQ(CleanPath("x/../../a.v"), "../a.v");
-    EXPECT_EQ(ResolveMessagePath("C:\\p", "./.\\a.v"), "C:\\p\\a.v");
-    EXPECT_TRUE(SameFilePath("C:\\Proj\\A.vhd", "c:/proj/a.vhd"));
-    EXPECT_FALSE(SameFilePath("C:\\a.vhd", "D:\\a.vhd"));
-
-    // GHDL counts a tab to the next multiple of 8, others count it as one column.
-    EXPECT_EQ(ColumnToByte("\tq <= r;", 9, 8), 1);
-    EXPECT_EQ(ColumnToByte("  \tx", 5, 8), 2);
-    EXPECT_EQ(ColumnToByte("abc", 40, 1), 3);
 }
 
 } // namespace
