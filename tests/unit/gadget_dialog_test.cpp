@@ -14,7 +14,7 @@ template <class Box> std::string Place(const Box& g) {
            std::to_string(g.height);
 }
 
-TEST_F(GadgetDialogTest, UnitsRadioGridTagsItemsAndCloseButtons) {
+TEST_F(GadgetDialogTest, UnitsRadioGridTagsItemsCloseButtonsAndPages) {
     host.dialogBaseUnits = {7, 15}; // the vertical unit becomes 16
     auto dialog = createDialog("Units");
     Gadget* edit = GlGadgetCreate(*dialog, GadgetType::Edit, 46, 13, 112, 12, "",
@@ -89,36 +89,35 @@ TEST_F(GadgetDialogTest, UnitsRadioGridTagsItemsAndCloseButtons) {
     EXPECT_EQ(applied, 2);
     host.dialogActions.push_back([](GadgetDialog& d) { DialogCancelCommand(d); });
     EXPECT_EQ(showDialog(*closing, true), 0);
-}
 
-TEST_F(GadgetDialogTest, TabPagesShowTheirGadgetsAndACallbackEndsTheDialog) {
-    auto dialog = createDialog("Pages");
-    Gadget* tabs = GlGadgetCreate(*dialog, GadgetType::TabControl, 0, 0, 200, 120, "",
+    // Tab pages show their gadgets and those of every page.
+    auto pages = createDialog("Pages");
+    Gadget* tabs = GlGadgetCreate(*pages, GadgetType::TabControl, 0, 0, 200, 120, "",
                                   {PageNamesTag({"Window", "Font"})});
-    Gadget* first = GlGadgetCreate(*dialog, GadgetType::CheckBox, 8, 20, 60, 12, "a",
+    Gadget* first = GlGadgetCreate(*pages, GadgetType::CheckBox, 8, 20, 60, 12, "a",
                                    {PageTag(1), CallbackTag([](Gadget& g) { return g.value; })});
     Gadget* second =
-        GlGadgetCreate(*dialog, GadgetType::Edit, 8, 20, 60, 12, "", {PageTag(2), FocusTag()});
-    Gadget* always = GlGadgetCreate(*dialog, GadgetType::StaticText, 8, 100, 60, 12, "all");
-    showDialog(*dialog, false);
-    EXPECT_EQ(std::tuple(dialog->tabControl, dialog->currentPage, host.focusedGadget),
+        GlGadgetCreate(*pages, GadgetType::Edit, 8, 20, 60, 12, "", {PageTag(2), FocusTag()});
+    Gadget* always = GlGadgetCreate(*pages, GadgetType::StaticText, 8, 100, 60, 12, "all");
+    showDialog(*pages, false);
+    EXPECT_EQ(std::tuple(pages->tabControl, pages->currentPage, host.focusedGadget),
               std::tuple(tabs, 1, second));
     for (int selection : {0, 1, 0}) {
-        DialogTabChanged(*dialog, selection);
-        EXPECT_EQ(std::tuple(dialog->currentPage, host.gadgetShown[first], host.gadgetShown[second],
+        DialogTabChanged(*pages, selection);
+        EXPECT_EQ(std::tuple(pages->currentPage, host.gadgetShown[first], host.gadgetShown[second],
                              host.gadgetShown[always] && host.gadgetShown[tabs]),
                   std::tuple(selection + 1, selection == 0, selection == 1, true));
     }
     // Without close buttons a callback's 1 still ends the dialog, as do Escape and closing.
-    EXPECT_EQ(GadgetNotified(*dialog, first->controlId, 0), -1);
-    EXPECT_TRUE(host.DialogVisible(*dialog));
-    EXPECT_EQ(GadgetNotified(*dialog, first->controlId, 1) + GlGadgetGet(*first), 2);
-    EXPECT_FALSE(host.DialogVisible(*dialog));
+    EXPECT_EQ(GadgetNotified(*pages, first->controlId, 0), -1);
+    EXPECT_TRUE(host.DialogVisible(*pages));
+    EXPECT_EQ(GadgetNotified(*pages, first->controlId, 1) + GlGadgetGet(*first), 2);
+    EXPECT_FALSE(host.DialogVisible(*pages));
     for (void (*end)(GadgetDialog&) :
          {+[](GadgetDialog& d) { DialogCancelCommand(d); }, closeDialog}) {
-        showDialog(*dialog, false);
-        end(*dialog);
-        EXPECT_FALSE(host.DialogVisible(*dialog));
+        showDialog(*pages, false);
+        end(*pages);
+        EXPECT_FALSE(host.DialogVisible(*pages));
     }
 }
 
