@@ -43,32 +43,7 @@ TextRange Selection(TestBuffer& buffer) {
     return {buffer->selStart, buffer->selEnd};
 }
 
-TEST_F(SearchTest, MatchesFollowTheCaseAndWholeWordRulesWhereTheyStart) {
-    TestBuffer buffer("clk <= 1;\nclk_en <= (clk);\nsysclk\nSIGNAL s IN x");
-    // {pattern, case, whole words, range, match}: the range end bounds where a match may
-    // start, not where it ends; a range reaching past the text stops at its ends.
-    const std::tuple<const char*, bool, bool, TextRange, std::optional<TextPos>> cases[] = {
-        {"clk", false, true, {{0, 1}, {3, 8}}, TextPos{1, 11}}, // not in clk_en
-        {"clk", false, true, {{1, 12}, {3, 8}}, std::nullopt},  // not in sysclk
-        {"ysclk", false, true, {{2, 0}, {3, 8}}, std::nullopt}, // nor after its first letter
-        {"clk", false, false, {{1, 12}, {3, 8}}, TextPos{2, 3}},
-        {"Signal", true, false, {{0, 0}, {3, 8}}, std::nullopt},
-        {"CLK", false, false, {{2, 2}, {0, 0}}, TextPos{1, 11}},
-        {"x", true, false, {{3, 0}, {3, 11}}, std::nullopt},
-        {"x", true, false, {{3, 0}, {3, 12}}, TextPos{3, 12}},
-        {"", true, false, {{0, 0}, {3, 8}}, std::nullopt},
-        {"s", false, false, {{9, 0}, {0, 0}}, TextPos{3, 7}},
-        {"clk", false, false, {{-1, 0}, {9, 0}}, TextPos{0, 0}},
-        {"zz", false, false, {{1, 0}, {9, 0}}, std::nullopt},
-    };
-    for (const auto& [pattern, matchCase, wholeWords, range, match] : cases) {
-        TextPos found{-1, -1};
-        const int any = SearchText(*buffer, pattern, matchCase, wholeWords, range, found);
-        EXPECT_EQ(any == 1 ? std::optional(found) : std::nullopt, match) << pattern;
-    }
-}
-
-TEST_F(SearchTest, FindSelectsTheMatchAndRepeatsWithoutWrappingAndGoToLineClamps) {
+TEST_F(SearchTest, FindAndGoToLineDialogsStartFromTheCaretAndFindDoesNotWrap) {
     TestBuffer buffer("a clk b\nclk c\nclk");
     Run(FindText, "clk", "", "");
     EXPECT_EQ(Selection(buffer), (TextRange{MakePos(0, 2), MakePos(0, 5)}));
@@ -110,22 +85,21 @@ TEST_F(SearchTest, FindSelectsTheMatchAndRepeatsWithoutWrappingAndGoToLineClamps
         GotoLine();
         EXPECT_EQ(buffer->cursor, MakePos(line, 0)) << typed;
     }
-}
 
-// A word starts at a letter or digit and takes the underscores before it.
-TEST_F(SearchTest, TheDialogsStartFromTheWordAtTheCaretAndCancelKeepsTheChoices) {
-    TestBuffer buffer("a_b1 <= 1;\n  _x");
+    // A word starts at a letter or digit and takes the underscores before it.
+    // The dialogs start from the word at the caret; Cancel keeps the choices.
+    TestBuffer words("a_b1 <= 1;\n  _x");
     editor.aids.search = {.searchText = "old", .replaceText = "", .wholeWords = true};
     std::string shown;
     // No word at a blank, an underscore or the line end: Find keeps the last text, Replace
     // starts empty.
-    const std::tuple<int (*)(), TextPos, const char*> cases[] = {{FindText, {0, 2}, "a_b1"},
-                                                                 {FindText, {0, 1}, "old"},
-                                                                 {FindText, {1, 4}, "old"},
-                                                                 {ReplaceText, {0, 4}, ""},
-                                                                 {ReplaceText, {1, 3}, "_x"}};
-    for (const auto& [command, caret, expected] : cases) {
-        buffer.PlaceCaret(caret.line, caret.column);
+    const std::tuple<int (*)(), TextPos, const char*> carets[] = {{FindText, {0, 2}, "a_b1"},
+                                                                  {FindText, {0, 1}, "old"},
+                                                                  {FindText, {1, 4}, "old"},
+                                                                  {ReplaceText, {0, 4}, ""},
+                                                                  {ReplaceText, {1, 3}, "_x"}};
+    for (const auto& [command, caret, expected] : carets) {
+        words.PlaceCaret(caret.line, caret.column);
         host.dialogActions.push_back([&](GadgetDialog& dialog) {
             shown = GadgetAfter(dialog, dialog.title == "Find Text" ? "Find&text:" : "&Old text:")
                         ->textValue;
@@ -143,7 +117,31 @@ TEST_F(SearchTest, TheDialogsStartFromTheWordAtTheCaretAndCancelKeepsTheChoices)
 // empty new text leaves the next match where the last one was; a cancelled match stays selected;
 // a selection the user had comes back after a No or a Cancel; in the selected range a match
 // running past the selection's end does not count, in either direction; r: a read-only buffer.
-TEST_F(SearchTest, ReplaceFollowsTheChoicesAndTheAnswers) {
+TEST_F(SearchTest, MatchesFollowTheRulesAndReplaceTheChoicesAndTheAnswers) {
+    // Matches follow the case and whole-word rules where they start.
+    TestBuffer clocks("clk <= 1;\nclk_en <= (clk);\nsysclk\nSIGNAL s IN x");
+    // {pattern, case, whole words, range, match}: the range end bounds where a match may
+    // start, not where it ends; a range reaching past the text stops at its ends.
+    const std::tuple<const char*, bool, bool, TextRange, std::optional<TextPos>> patterns[] = {
+        {"clk", false, true, {{0, 1}, {3, 8}}, TextPos{1, 11}}, // not in clk_en
+        {"clk", false, true, {{1, 12}, {3, 8}}, std::nullopt},  // not in sysclk
+        {"ysclk", false, true, {{2, 0}, {3, 8}}, std::nullopt}, // nor after its first letter
+        {"clk", false, false, {{1, 12}, {3, 8}}, TextPos{2, 3}},
+        {"Signal", true, false, {{0, 0}, {3, 8}}, std::nullopt},
+        {"CLK", false, false, {{2, 2}, {0, 0}}, TextPos{1, 11}},
+        {"x", true, false, {{3, 0}, {3, 11}}, std::nullopt},
+        {"x", true, false, {{3, 0}, {3, 12}}, TextPos{3, 12}},
+        {"", true, false, {{0, 0}, {3, 8}}, std::nullopt},
+        {"s", false, false, {{9, 0}, {0, 0}}, TextPos{3, 7}},
+        {"clk", false, false, {{-1, 0}, {9, 0}}, TextPos{0, 0}},
+        {"zz", false, false, {{1, 0}, {9, 0}}, std::nullopt},
+    };
+    for (const auto& [pattern, matchCase, wholeWords, range, match] : patterns) {
+        TextPos found{-1, -1};
+        const int any = SearchText(*clocks, pattern, matchCase, wholeWords, range, found);
+        EXPECT_EQ(any == 1 ? std::optional(found) : std::nullopt, match) << pattern;
+    }
+
     using Columns = std::pair<int32_t, int32_t>;
     const std::tuple<const char*, Columns, const char*, const char*, const char*, const char*,
                      const char*, Columns>
