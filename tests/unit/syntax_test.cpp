@@ -58,7 +58,43 @@ class SyntaxTest : public EditorTest {
 // boundary, never inside an identifier (digits do not start one); strings and character literals
 // without escapes; an abbreviation only as the last thing on the line, tried wherever the scan
 // stops.
-TEST_F(SyntaxTest, LinesSplitIntoCommentKeywordStringAndAbbreviationRuns) {
+TEST_F(SyntaxTest, LinesSplitIntoRunsAlsoInTheShippedLanguages) {
+    // The shipped profile names its files under $INSTALL, the program folder on Windows; here they
+    // are the checkout's files.
+    ASSERT_TRUE(LoadIniIntoProfile(host, SourcePath("config/ruvo.ini")));
+    for (const char* name : {"VHDL", "Verilog"}) {
+        const std::string file = host.ProfileValue(name, "File").value_or("");
+        EXPECT_EQ(file.substr(0, 9), "$INSTALL\\");
+        host.SetProfile(name, "File", SourcePath("config/" + file.substr(9)));
+    }
+    LoadLanguages();
+    const LanguageDef &vhdl = LanguageEntry(1), &verilog = LanguageEntry(2);
+    EXPECT_EQ(UsedLanguageCount(), 3);
+    const std::tuple<const LanguageDef*, const char*, const char*> shipped[] = {
+        {&vhdl, "  signal c : unsigned(7 downto 0) := (others => '0'); -- counter",
+         "[  ]text[signal]kw1[ c : ]text[unsigned]kw2[(7 ]text[downto]kw1[ 0) := (]text"
+         "[others]kw1[ => ]text['0']string[); ]text[-- counter]comment"},
+        {&verilog, "always @(posedge clk) // up",
+         "[always]kw1[ @(]text[posedge]kw1[ clk) ]text[// up]comment"},
+        {&verilog, "MODULE Begin end", "[MODULE Begin ]text[end]kw1"}, // case sensitive
+        {&verilog, "  alw", "[  ]text[alw]abbrev"}};
+    for (const auto& [language, line, runs] : shipped)
+        EXPECT_EQ(Runs(line, language), runs) << line;
+
+    std::vector<std::string> known; // "[$INSTALL\\file][name]" of every shipped template
+    for (const char* file : {"vhdl.tpl", "verilog.tpl"})
+        for (const Template& entry : LoadTemplateFile(SourcePath("config/") + file)->templates)
+            known.push_back("[$INSTALL\\" + std::string(file) + "][" + entry.name + "]");
+    int references = 0;
+    for (const LanguageDef* language : {&vhdl, &verilog})
+        for (const char* value : language->expanderValues)
+            if (value[0] == '[') {
+                ++references;
+                EXPECT_NE(std::find(known.begin(), known.end(), value), known.end()) << value;
+            }
+    EXPECT_EQ(references, 27);
+    EXPECT_FALSE(HasStartupErrors());
+
     const std::pair<const char*, const char*> lines[] = {
         {"x := b -- c -- e", "[x := b ]text[-- c -- e]comment"},
         {"x - y", "[x - y]text"},
@@ -114,44 +150,6 @@ TEST_F(SyntaxTest, LinesSplitIntoCommentKeywordStringAndAbbreviationRuns) {
         EXPECT_EQ(ExpansionOf(buffer, text), nullptr) << text;
     editor.settings.options.colors = false;
     EXPECT_EQ(Runs("if x -- y", &language, MaxRunsPerLine, true), "[if x -- y]text/0/0");
-}
-
-// The shipped profile names its files under $INSTALL, the program folder on Windows; here they
-// are the checkout's files.
-TEST_F(EditorTest, ShippedLanguagesColourTheirCodeAndNameShippedTemplates) {
-    ASSERT_TRUE(LoadIniIntoProfile(host, SourcePath("config/ruvo.ini")));
-    for (const char* name : {"VHDL", "Verilog"}) {
-        const std::string file = host.ProfileValue(name, "File").value_or("");
-        EXPECT_EQ(file.substr(0, 9), "$INSTALL\\");
-        host.SetProfile(name, "File", SourcePath("config/" + file.substr(9)));
-    }
-    LoadLanguages();
-    const LanguageDef &vhdl = LanguageEntry(1), &verilog = LanguageEntry(2);
-    EXPECT_EQ(UsedLanguageCount(), 3);
-    const std::tuple<const LanguageDef*, const char*, const char*> lines[] = {
-        {&vhdl, "  signal c : unsigned(7 downto 0) := (others => '0'); -- counter",
-         "[  ]text[signal]kw1[ c : ]text[unsigned]kw2[(7 ]text[downto]kw1[ 0) := (]text"
-         "[others]kw1[ => ]text['0']string[); ]text[-- counter]comment"},
-        {&verilog, "always @(posedge clk) // up",
-         "[always]kw1[ @(]text[posedge]kw1[ clk) ]text[// up]comment"},
-        {&verilog, "MODULE Begin end", "[MODULE Begin ]text[end]kw1"}, // case sensitive
-        {&verilog, "  alw", "[  ]text[alw]abbrev"}};
-    for (const auto& [language, line, runs] : lines)
-        EXPECT_EQ(Runs(line, language), runs) << line;
-
-    std::vector<std::string> known; // "[$INSTALL\\file][name]" of every shipped template
-    for (const char* file : {"vhdl.tpl", "verilog.tpl"})
-        for (const Template& entry : LoadTemplateFile(SourcePath("config/") + file)->templates)
-            known.push_back("[$INSTALL\\" + std::string(file) + "][" + entry.name + "]");
-    int references = 0;
-    for (const LanguageDef* language : {&vhdl, &verilog})
-        for (const char* value : language->expanderValues)
-            if (value[0] == '[') {
-                ++references;
-                EXPECT_NE(std::find(known.begin(), known.end(), value), known.end()) << value;
-            }
-    EXPECT_EQ(references, 27);
-    EXPECT_FALSE(HasStartupErrors());
 }
 
 } // namespace
