@@ -48,7 +48,7 @@ std::vector<std::string> MergedOutput(const std::string& name) {
 
 // Captured compiler output and written lines of other tools; the lines of one row are read in
 // turn: Questa's run-time lines take the severity of the heading before them.
-TEST_F(MessageFormatsTest, EveryLocationIsFoundAndNoContinuationLine) {
+TEST_F(MessageFormatsTest, EveryLocationIsFoundAndFaultyRulesAreReported) {
     const MessageFormats formats = ReadMessageFormats(SourcePath("config/messages.ini"));
     EXPECT_TRUE(ReportedLines(editor).empty());
     const struct {
@@ -111,9 +111,8 @@ TEST_F(MessageFormatsTest, EveryLocationIsFoundAndNoContinuationLine) {
     EXPECT_EQ(ColumnToByte("\tq <= r;", 9, 8), 1);
     EXPECT_EQ(ColumnToByte("  \tx", 5, 8), 2);
     EXPECT_EQ(ColumnToByte("abc", 40, 1), 3);
-}
 
-TEST_F(MessageFormatsTest, FaultyRuleLinesAreReportedAndTheRestIsKept) {
+    // Faulty rule lines are reported and the rest is kept.
     // Each line of the file, and whether it is reported.
     const std::pair<const char*, bool> lines[] = {
         {"error {file}:{line}: {any}", true}, // before any section
@@ -141,14 +140,14 @@ TEST_F(MessageFormatsTest, FaultyRuleLinesAreReportedAndTheRestIsKept) {
             expected.insert(expected.end(),
                             {"Error 7: Message formats syntax error:", std::string("\t") + line});
     }
-    const MessageFormats formats = ReadMessageFormats(TempFile(text).path());
+    const MessageFormats custom = ReadMessageFormats(TempFile(text).path());
     EXPECT_EQ(ReportedLines(editor), expected);
-    ASSERT_EQ(formats.size(), 1u);
+    ASSERT_EQ(custom.size(), 1u);
     // The last line: a literal after an optional part.
-    EXPECT_EQ(Entries(formats, "MINE",
+    EXPECT_EQ(Entries(custom, "MINE",
                       {"Err: C:/a b/c.v(3) oops", "line 4 of C:/d.v", "at e.v line 5: x"}),
               "C:/a b/c.v:3:0E C:/d.v:4:0W e.v:5:0E ");
-    EXPECT_FALSE(MessageReader(formats, "other").Reads());
+    EXPECT_FALSE(MessageReader(custom, "other").Reads());
 
     (void)ReadMessageFormats(std::string("/nonexistent/messages.ini"));
     EXPECT_EQ(ReportedLines(editor).back(),
