@@ -124,26 +124,27 @@ TEST_F(TemplatesTest, FilesAreReadAndLoadedAndDialogsInsertWithValuesKeptAsOneEd
               std::tuple("first\ny <= x1 and x2;\nlast", MakePos(2, 0)));
 }
 
-// Each selected line gets its own edit; a selection ending at column 0 leaves that line out,
-// and stays on its lines so that the commands can be repeated.
-TEST_F(TemplatesTest, SelectedLinesAndRangeCommandsChangeOneLineStartEach) {
-    TestBuffer buffer("signal a;\n\tb;\nc");
+// A value "[file][name]" expands a template, loaded once and found again by its path.
+TEST_F(TemplatesTest, LineCommandsAndExpansionsEditTheBufferAsOneStepEach) {
+    // Each selected line gets its own edit; a selection ending at column 0 leaves that line out,
+    // and stays on its lines so that the commands can be repeated.
+    TestBuffer edited("signal a;\n\tb;\nc");
     LanguageEntry(1).lineComment = "--";
-    buffer->language = &LanguageEntry(1);
-    buffer.Select(MakePos(0, 3), MakePos(2, 0));
+    edited->language = &LanguageEntry(1);
+    edited.Select(MakePos(0, 3), MakePos(2, 0));
     AddComment();
     AddIndent();
     RemoveComment(); // not at the line start
-    EXPECT_EQ(buffer.Text(), "\t--signal a;\n\t--\tb;\nc");
+    EXPECT_EQ(edited.Text(), "\t--signal a;\n\t--\tb;\nc");
     for (int (*command)() : {RemoveIndent, RemoveComment, RemoveIndent})
         command();
     EXPECT_EQ(
-        std::tuple(buffer.Text(), buffer->selStart, buffer->selEnd, buffer.LoggedTransactions()),
+        std::tuple(edited.Text(), edited->selStart, edited->selEnd, edited.LoggedTransactions()),
         std::tuple("signal a;\nb;\nc", MakePos(0, 3), MakePos(2, 0), 9));
 
     // The range dialog needs a range and ticks one box only.
-    buffer.PlaceCaret(1, 0);
-    buffer->lines.hasSelection = 0;
+    edited.PlaceCaret(1, 0);
+    edited->lines.hasSelection = 0;
     host.dialogActions.push_back([this](GadgetDialog& dialog) {
         EXPECT_EQ(GlGadgetGetText(*GadgetAfter(dialog, "S&tart at line:")), "2");
         EXPECT_TRUE(GadgetWithText(dialog, "&Selection")->IsDisabled());
@@ -155,9 +156,9 @@ TEST_F(TemplatesTest, SelectedLinesAndRangeCommandsChangeOneLineStartEach) {
         EXPECT_EQ(DialogOkCommand(dialog), 1);
     });
     EditSpecial();
-    EXPECT_EQ(buffer.Text(), "signal a;\n\tb;\n\tc");
+    EXPECT_EQ(edited.Text(), "signal a;\n\tb;\n\tc");
 
-    buffer.Select(MakePos(0, 0), MakePos(0, 1));
+    edited.Select(MakePos(0, 0), MakePos(0, 1));
     host.dialogActions.push_back([](GadgetDialog& dialog) {
         Gadget& selection = *GadgetWithText(dialog, "&Selection");
         GadgetNotified(dialog, selection.controlId, 1);
@@ -168,11 +169,8 @@ TEST_F(TemplatesTest, SelectedLinesAndRangeCommandsChangeOneLineStartEach) {
         DialogOkCommand(dialog);
     });
     EditSpecial();
-    EXPECT_EQ(buffer.Text(), "signal a;\nb;\nc");
-}
+    EXPECT_EQ(edited.Text(), "signal a;\nb;\nc");
 
-// A value "[file][name]" expands a template, loaded once and found again by its path.
-TEST_F(TemplatesTest, LanguageAndIdentifierExpandReplaceTheWordBeforeTheCaret) {
     TempFile templates("[ent(name)]\nentity $1$ is\nend entity $1$;\n");
     const std::string file = "[" + templates.path();
     for (const auto& [name, value] : {std::pair{"sig", std::string("signal ")},
@@ -185,6 +183,7 @@ TEST_F(TemplatesTest, LanguageAndIdentifierExpandReplaceTheWordBeforeTheCaret) {
     }
     TestBuffer buffer("sig\n  SIG\nx bad\nx gone lost\n  ent");
     buffer->language = &LanguageEntry(1);
+    host.boxes.clear();
     host.dialogActions.push_back([this](GadgetDialog& dialog) {
         host.TypeText(*dialog.gadgets[1], "alu");
         DialogOkCommand(dialog);
