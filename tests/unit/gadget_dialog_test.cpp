@@ -14,7 +14,7 @@ template <class Box> std::string Place(const Box& g) {
            std::to_string(g.height);
 }
 
-TEST_F(GadgetDialogTest, UnitsRadioGridTagsItemsCloseButtonsAndPages) {
+TEST_F(GadgetDialogTest, GadgetsArePlacedInDialogUnitsAndRadioRowsFillTheirGroup) {
     host.dialogBaseUnits = {7, 15}; // the vertical unit becomes 16
     auto dialog = createDialog("Units");
     Gadget* edit = GlGadgetCreate(*dialog, GadgetType::Edit, 46, 13, 112, 12, "",
@@ -33,7 +33,10 @@ TEST_F(GadgetDialogTest, UnitsRadioGridTagsItemsCloseButtonsAndPages) {
         radio.items.assign(items, "x");
         EXPECT_EQ(Place(RadioButtonRect(radio, index)), rect);
     }
+}
 
+TEST_F(GadgetDialogTest, TagsSetValuesAndItemsAndUnknownFlagsAreReported) {
+    auto dialog = createDialog("Tags");
     Gadget* list = GlGadgetCreate(*dialog, GadgetType::ListBox, 0, 20, 40, 40, "",
                                   {ValueTag(7), ItemsTag({"a", "b", "c"}), OwnerDataTag(5),
                                    PerItemValuesTag(true), ItemValueTag(1, 4)});
@@ -63,8 +66,10 @@ TEST_F(GadgetDialogTest, UnitsRadioGridTagsItemsCloseButtonsAndPages) {
     EXPECT_EQ(GlGadgetGet(*GlGadgetCreate(*dialog, GadgetType::StaticText, 0, 0, 9, 9, "s",
                                           {ValueTag("text")})),
               0);
+}
 
-    // Close buttons sit below the gadgets and end the dialog.
+// Close buttons sit below the gadgets and end the dialog.
+TEST_F(GadgetDialogTest, CloseButtonsSitBelowTheGadgetsAndEndTheDialog) {
     auto closing = createDialog("Close");
     Gadget* field =
         GlGadgetCreate(*closing, GadgetType::Edit, 6, 8, 150, 12, "", {MaxLengthTag(4)});
@@ -89,8 +94,10 @@ TEST_F(GadgetDialogTest, UnitsRadioGridTagsItemsCloseButtonsAndPages) {
     EXPECT_EQ(applied, 2);
     host.dialogActions.push_back([](GadgetDialog& d) { DialogCancelCommand(d); });
     EXPECT_EQ(showDialog(*closing, true), 0);
+}
 
-    // Tab pages show their gadgets and those of every page.
+// Tab pages show their gadgets and those of every page.
+TEST_F(GadgetDialogTest, TabPagesShowTheirGadgetsAndCallbacksEndTheDialog) {
     auto pages = createDialog("Pages");
     Gadget* tabs = GlGadgetCreate(*pages, GadgetType::TabControl, 0, 0, 200, 120, "",
                                   {PageNamesTag({"Window", "Font"})});

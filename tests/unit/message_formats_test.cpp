@@ -48,7 +48,7 @@ std::vector<std::string> MergedOutput(const std::string& name) {
 
 // Captured compiler output and written lines of other tools; the lines of one row are read in
 // turn: Questa's run-time lines take the severity of the heading before them.
-TEST_F(MessageFormatsTest, EveryLocationIsFoundAndFaultyRulesAreReported) {
+TEST_F(MessageFormatsTest, EveryLocationIsFoundInCompilerOutput) {
     const MessageFormats formats = ReadMessageFormats(SourcePath("config/messages.ini"));
     EXPECT_TRUE(ReportedLines(editor).empty());
     const struct {
@@ -91,8 +91,10 @@ TEST_F(MessageFormatsTest, EveryLocationIsFoundAndFaultyRulesAreReported) {
         EXPECT_EQ(Entries(formats, c.format, c.lines), c.entries) << c.format;
         EXPECT_EQ(Entries(formats, AllFormatsName, c.lines), c.entries) << c.format;
     }
+}
 
-    // A message's path is resolved against the working directory and cleaned.
+// A message's path is resolved against the working directory and cleaned.
+TEST(MessagePathsTest, PathsAreResolvedAndCleaned) {
     EXPECT_EQ(ResolveMessagePath("C:\\proj", "a.vhd"), "C:\\proj\\a.vhd");
     EXPECT_EQ(ResolveMessagePath("C:\\proj\\", "./sub/a.v"), "C:\\proj\\sub/a.v");
     EXPECT_EQ(ResolveMessagePath("/home/me/proj", "a.v"), "/home/me/proj/a.v");
@@ -106,13 +108,17 @@ TEST_F(MessageFormatsTest, EveryLocationIsFoundAndFaultyRulesAreReported) {
     EXPECT_EQ(ResolveMessagePath("C:\\p", "./.\\a.v"), "C:\\p\\a.v");
     EXPECT_TRUE(SameFilePath("C:\\Proj\\A.vhd", "c:/proj/a.vhd"));
     EXPECT_FALSE(SameFilePath("C:\\a.vhd", "D:\\a.vhd"));
+}
 
-    // GHDL counts a tab to the next multiple of 8, others count it as one column.
+// GHDL counts a tab to the next multiple of 8, others count it as one column.
+TEST(MessagePathsTest, ColumnsCountTabsAsTheCompilerDoes) {
     EXPECT_EQ(ColumnToByte("\tq <= r;", 9, 8), 1);
     EXPECT_EQ(ColumnToByte("  \tx", 5, 8), 2);
     EXPECT_EQ(ColumnToByte("abc", 40, 1), 3);
+}
 
-    // Faulty rule lines are reported and the rest is kept.
+// Faulty rule lines are reported and the rest is kept.
+TEST_F(MessageFormatsTest, FaultyRuleLinesAreReportedAndTheRestIsKept) {
     // Each line of the file, and whether it is reported.
     const std::pair<const char*, bool> lines[] = {
         {"error {file}:{line}: {any}", true}, // before any section

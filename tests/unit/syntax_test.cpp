@@ -54,11 +54,7 @@ class SyntaxTest : public EditorTest {
     LanguageDef language;
 };
 
-// Line comments run to the end of the line; keywords are found by halving at an identifier
-// boundary, never inside an identifier (digits do not start one); strings and character literals
-// without escapes; an abbreviation only as the last thing on the line, tried wherever the scan
-// stops.
-TEST_F(SyntaxTest, LinesSplitIntoRunsAlsoInTheShippedLanguages) {
+TEST_F(SyntaxTest, TheShippedLanguagesColourLinesAndNameTheirTemplates) {
     // The shipped profile names its files under $INSTALL, the program folder on Windows; here they
     // are the checkout's files.
     ASSERT_TRUE(LoadIniIntoProfile(host, SourcePath("config/ruvo.ini")));
@@ -94,7 +90,13 @@ TEST_F(SyntaxTest, LinesSplitIntoRunsAlsoInTheShippedLanguages) {
             }
     EXPECT_EQ(references, 27);
     EXPECT_FALSE(HasStartupErrors());
+}
 
+// Line comments run to the end of the line; keywords are found by halving at an identifier
+// boundary, never inside an identifier (digits do not start one); strings and character literals
+// without escapes; an abbreviation only as the last thing on the line, tried wherever the scan
+// stops.
+TEST_F(SyntaxTest, LinesSplitIntoRuns) {
     const std::pair<const char*, const char*> lines[] = {
         {"x := b -- c -- e", "[x := b ]text[-- c -- e]comment"},
         {"x - y", "[x - y]text"},
@@ -117,9 +119,18 @@ TEST_F(SyntaxTest, LinesSplitIntoRunsAlsoInTheShippedLanguages) {
         {"xe if", "[xe ]text[if]kw1"}};
     for (const auto& [line, runs] : lines)
         EXPECT_EQ(Runs(line, &language), runs) << line;
+    language.lineComment.clear();
+    EXPECT_EQ(Runs("x -- if", &language), "[x -- ]text[if]kw1");
+    language.caseSensitive = true;
+    EXPECT_EQ(Runs("Begin begin END", &language), "[Begin]kw1[ begin END]text");
+    EXPECT_EQ(KeywordLengthInGroup(language, 2, "std)") + KeywordLengthInGroup(language, 6, "s"),
+              3);
+    EXPECT_EQ(FindKeyword(language, "").length + FindKeyword(language, "_end").length, 0);
+}
 
-    // A short run array ends with one plain run over the rest of the line. Colouring off, or no
-    // language: one black run, not the language's text colour.
+// A short run array ends with one plain run over the rest of the line. Colouring off, or no
+// language: one black run, not the language's text colour.
+TEST_F(SyntaxTest, ShortRunArraysAndColouringOffEndInOnePlainRun) {
     language.comment.typeface = 2;
     const std::tuple<const char*, const LanguageDef*, int, const char*> cases[] = {
         {"if x -- y", &language, MaxRunsPerLine, "[if]kw1/255/1[ x ]text/1/0[-- y]comment/0/2"},
@@ -132,15 +143,12 @@ TEST_F(SyntaxTest, LinesSplitIntoRunsAlsoInTheShippedLanguages) {
         {"if x", nullptr, MaxRunsPerLine, "[if x]text/0/0"}};
     for (const auto& [line, with, capacity, runs] : cases)
         EXPECT_EQ(Runs(line, with, capacity, true), runs) << line << capacity;
-    language.lineComment.clear();
-    EXPECT_EQ(Runs("x -- if", &language), "[x -- ]text[if]kw1");
-    language.caseSensitive = true;
-    EXPECT_EQ(Runs("Begin begin END", &language), "[Begin]kw1[ begin END]text");
-    EXPECT_EQ(KeywordLengthInGroup(language, 2, "std)") + KeywordLengthInGroup(language, 6, "s"),
-              3);
-    EXPECT_EQ(FindKeyword(language, "").length + FindKeyword(language, "_end").length, 0);
+    editor.settings.options.colors = false;
+    EXPECT_EQ(Runs("if x -- y", &language, MaxRunsPerLine, true), "[if x -- y]text/0/0");
+}
 
-    // An abbreviation expands the whole text, without regard to case.
+// An abbreviation expands the whole text, without regard to case.
+TEST_F(SyntaxTest, AbbreviationsExpandTheWholeTextWithoutRegardToCase) {
     EditBuffer buffer;
     EXPECT_EQ(ExpansionOf(buffer, "sl"), nullptr); // no language
     buffer.language = &language;
@@ -148,8 +156,6 @@ TEST_F(SyntaxTest, LinesSplitIntoRunsAlsoInTheShippedLanguages) {
     EXPECT_STREQ(ExpansionOf(buffer, "E IF"), "end if;");
     for (const char* text : {"s", "sl ", "", "e iff", "orphan"})
         EXPECT_EQ(ExpansionOf(buffer, text), nullptr) << text;
-    editor.settings.options.colors = false;
-    EXPECT_EQ(Runs("if x -- y", &language, MaxRunsPerLine, true), "[if x -- y]text/0/0");
 }
 
 } // namespace

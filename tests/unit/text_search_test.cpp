@@ -43,7 +43,7 @@ TextRange Selection(TestBuffer& buffer) {
     return {buffer->selStart, buffer->selEnd};
 }
 
-TEST_F(SearchTest, FindAndGoToLineDialogsStartFromTheCaretAndFindDoesNotWrap) {
+TEST_F(SearchTest, FindSelectsTheMatchAndDoesNotWrap) {
     TestBuffer buffer("a clk b\nclk c\nclk");
     Run(FindText, "clk", "", "");
     EXPECT_EQ(Selection(buffer), (TextRange{MakePos(0, 2), MakePos(0, 5)}));
@@ -71,8 +71,10 @@ TEST_F(SearchTest, FindAndGoToLineDialogsStartFromTheCaretAndFindDoesNotWrap) {
         ASSERT_FALSE(host.foundTexts.empty());
         EXPECT_EQ(host.foundTexts.back().startColumn, forward ? 2 : 0) << forward;
     }
+}
 
-    // Go to line clamps the number into the text.
+TEST_F(SearchTest, GotoLineClampsTheNumberIntoTheText) {
+    TestBuffer buffer("a clk b\nclk c\nclk");
     const std::pair<const char*, int32_t> lines[] = {{"3", 2},  {"1000", 2},       {"0", 0},
                                                      {"-7", 0}, {"abc", 0},        {" 2x", 1},
                                                      {"+2", 1}, {"99999999999", 2}};
@@ -85,9 +87,10 @@ TEST_F(SearchTest, FindAndGoToLineDialogsStartFromTheCaretAndFindDoesNotWrap) {
         GotoLine();
         EXPECT_EQ(buffer->cursor, MakePos(line, 0)) << typed;
     }
+}
 
-    // A word starts at a letter or digit and takes the underscores before it.
-    // The dialogs start from the word at the caret; Cancel keeps the choices.
+// A word starts at a letter or digit and takes the underscores before it.
+TEST_F(SearchTest, TheDialogsStartFromTheWordAtTheCaretAndCancelKeepsTheChoices) {
     TestBuffer words("a_b1 <= 1;\n  _x");
     editor.aids.search = {.searchText = "old", .replaceText = "", .wholeWords = true};
     std::string shown;
@@ -113,12 +116,7 @@ TEST_F(SearchTest, FindAndGoToLineDialogsStartFromTheCaretAndFindDoesNotWrap) {
     }
 }
 
-// {text, selected columns, old, new, choices, answers (y, n, c), text after, selection after}: an
-// empty new text leaves the next match where the last one was; a cancelled match stays selected;
-// a selection the user had comes back after a No or a Cancel; in the selected range a match
-// running past the selection's end does not count, in either direction; r: a read-only buffer.
-TEST_F(SearchTest, MatchesFollowTheRulesAndReplaceTheChoicesAndTheAnswers) {
-    // Matches follow the case and whole-word rules where they start.
+TEST_F(SearchTest, MatchesFollowTheCaseAndWholeWordRulesWhereTheyStart) {
     TestBuffer clocks("clk <= 1;\nclk_en <= (clk);\nsysclk\nSIGNAL s IN x");
     // {pattern, case, whole words, range, match}: the range end bounds where a match may
     // start, not where it ends; a range reaching past the text stops at its ends.
@@ -141,7 +139,13 @@ TEST_F(SearchTest, MatchesFollowTheRulesAndReplaceTheChoicesAndTheAnswers) {
         const int any = SearchText(*clocks, pattern, matchCase, wholeWords, range, found);
         EXPECT_EQ(any == 1 ? std::optional(found) : std::nullopt, match) << pattern;
     }
+}
 
+// {text, selected columns, old, new, choices, answers (y, n, c), text after, selection after}: an
+// empty new text leaves the next match where the last one was; a cancelled match stays selected;
+// a selection the user had comes back after a No or a Cancel; in the selected range a match
+// running past the selection's end does not count, in either direction; r: a read-only buffer.
+TEST_F(SearchTest, ReplaceFollowsTheChoicesAndTheAnswers) {
     using Columns = std::pair<int32_t, int32_t>;
     const std::tuple<const char*, Columns, const char*, const char*, const char*, const char*,
                      const char*, Columns>
