@@ -25,11 +25,8 @@ using Texts = std::vector<std::string>;
 
 using TemplatesTest = EditorTest;
 
-// Files come from the profile (a missing one is kept, a repeated one loaded once) and from the
-// Load button, where a file with a fault shows the start-up report at once. A template goes in
-// by the Insert button or a double click, as one edit, its values kept for the next use.
-TEST_F(TemplatesTest, FilesAreReadAndLoadedAndDialogsInsertWithValuesKeptAsOneEdit) {
-    // The reader keeps good templates and reports each fault.
+// The reader keeps good templates and reports each fault.
+TEST_F(TemplatesTest, TheReaderKeepsGoodTemplatesAndReportsEachFault) {
     const std::string name30(30, 'n');
     const std::string undefined = "Body contains placeholder of non-existent parameter in: t.|@|";
     // {file, names of the templates kept, "Error 8: " reports with "@" for the one naming the file}
@@ -62,7 +59,12 @@ TEST_F(TemplatesTest, FilesAreReadAndLoadedAndDialogsInsertWithValuesKeptAsOneEd
     EXPECT_EQ(LoadTemplateFile("/no/such/file.tpl"), nullptr);
     EXPECT_EQ(ReportedLines(editor).back(),
               "Error 2: Cannot open template file '/no/such/file.tpl'.");
+}
 
+// Files come from the profile (a missing one is kept, a repeated one loaded once) and from the
+// Load button, where a file with a fault shows the start-up report at once. A template goes in
+// by the Insert button or a double click, as one edit, its values kept for the next use.
+TEST_F(TemplatesTest, FilesAreLoadedAndTheDialogsInsertWithValuesKeptAsOneEdit) {
     TempFile a("[a()]\n");
     TempFile file("[and2(a, b)]\ny <= $1$ and $2$;\n[empty()]\n-- empty\n");
     TempFile faulty("[x]\n");
@@ -125,9 +127,9 @@ TEST_F(TemplatesTest, FilesAreReadAndLoadedAndDialogsInsertWithValuesKeptAsOneEd
 }
 
 // A value "[file][name]" expands a template, loaded once and found again by its path.
-TEST_F(TemplatesTest, LineCommandsAndExpansionsEditTheBufferAsOneStepEach) {
-    // Each selected line gets its own edit; a selection ending at column 0 leaves that line out,
-    // and stays on its lines so that the commands can be repeated.
+// Each selected line gets its own edit; a selection ending at column 0 leaves that line out,
+// and stays on its lines so that the commands can be repeated.
+TEST_F(TemplatesTest, LineCommandsEditEachSelectedLine) {
     TestBuffer edited("signal a;\n\tb;\nc");
     LanguageEntry(1).lineComment = "--";
     edited->language = &LanguageEntry(1);
@@ -141,10 +143,11 @@ TEST_F(TemplatesTest, LineCommandsAndExpansionsEditTheBufferAsOneStepEach) {
     EXPECT_EQ(
         std::tuple(edited.Text(), edited->selStart, edited->selEnd, edited.LoggedTransactions()),
         std::tuple("signal a;\nb;\nc", MakePos(0, 3), MakePos(2, 0), 9));
+}
 
-    // The range dialog needs a range and ticks one box only.
+TEST_F(TemplatesTest, TheRangeDialogNeedsARangeAndTicksOneBoxOnly) {
+    TestBuffer edited("signal a;\nb;\nc");
     edited.PlaceCaret(1, 0);
-    edited->lines.hasSelection = 0;
     host.dialogActions.push_back([this](GadgetDialog& dialog) {
         EXPECT_EQ(GlGadgetGetText(*GadgetAfter(dialog, "S&tart at line:")), "2");
         EXPECT_TRUE(GadgetWithText(dialog, "&Selection")->IsDisabled());
@@ -170,7 +173,10 @@ TEST_F(TemplatesTest, LineCommandsAndExpansionsEditTheBufferAsOneStepEach) {
     });
     EditSpecial();
     EXPECT_EQ(edited.Text(), "signal a;\nb;\nc");
+}
 
+// An abbreviation's text or template replaces the word before the caret as one step.
+TEST_F(TemplatesTest, LanguageExpandPutsInAbbreviationsAndTemplates) {
     TempFile templates("[ent(name)]\nentity $1$ is\nend entity $1$;\n");
     const std::string file = "[" + templates.path();
     for (const auto& [name, value] : {std::pair{"sig", std::string("signal ")},
@@ -202,8 +208,10 @@ TEST_F(TemplatesTest, LineCommandsAndExpansionsEditTheBufferAsOneStepEach) {
               "sig\n  signal \nx bad\nx gone lost\n  entity alu is\nend entity alu;\n");
     EditUndo(); // the word comes back with the same step
     EXPECT_EQ(buffer.Text(), "sig\n  signal \nx bad\nx gone lost\n  ent");
+}
 
-    // Identifier completion takes each earlier word once, then says so.
+// Identifier completion takes each earlier word once, then says so.
+TEST_F(TemplatesTest, IdentifierCompletionTakesEachEarlierWordOnce) {
     TestBuffer words("clock <= '0';\nclear <= xclear;\nclr; cl");
     words.PlaceCaret(2, 7);
     for (const char* word : {"clr", "clear", "clock", "clock"}) {
