@@ -197,8 +197,10 @@ TEST_F(ResultWindowTest, ACompileMakesEntriesThatSteppingAndTheCaretFollowWhileT
     closeBuffer(*OpenResultBuffer());
     UpdateCommandStates();
     EXPECT_FALSE(hasErrorList() || ErrorCommandsEnabled());
+}
 
-    // V-System command lines put every piece in place.
+// V-System command lines put every piece in place.
+TEST_F(ResultWindowTest, VsystemCommandLinesPutEveryPieceInPlace) {
     VsystemSettings all;
     all.library = "mylib";
     all.vcomLine = all.vlogLine = "12abc";
