@@ -46,9 +46,9 @@ TEST_F(GadgetDialogTest, TagsSetValuesAndItemsAndUnknownFlagsAreReported) {
         setGadgetValue(*list, given);
         EXPECT_EQ(GlGadgetGet(*list), shown) << given;
     }
-    // The last three are past the ends: nothing.
-    GlGadgetSet(*list, {InsertItemTag(0, "z"), SetItemTextTag(3, "C"), DeleteItemTag(1),
-                        SetItemTextTag(3, "x"), DeleteItemTag(3), DeleteItemTag(-1)});
+    // The first and the last two are past the ends: nothing (the first while the list is full).
+    GlGadgetSet(*list, {SetItemTextTag(3, "x"), InsertItemTag(0, "z"), SetItemTextTag(3, "C"),
+                        DeleteItemTag(1), DeleteItemTag(3), DeleteItemTag(-1)});
     EXPECT_EQ(list->items, (Items{"z", "b", "C"}));
     GlGadgetSet(*list, {DeleteItemTag(0), DeleteItemTag(0), DeleteItemTag(0)});
     EXPECT_EQ(list->value, -1) << "an empty list has no selection";
