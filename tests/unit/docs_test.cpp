@@ -136,6 +136,11 @@ TEST_F(DocsTest, ClosingMovesOnAndFillsTheRecentFilesTheirMenuAndProfile) {
     host.SetProfile("Files", "2", "C:\\designs\\alu\\alu_top.vhd");
     loadRecentFiles();
     EXPECT_EQ(host.recentMenus.back().at(1), "&2 C:\\desig...\\alu_top.vhd");
+    std::string greyed; // an entry is greyed while its slot is empty
+    for (int slot = 1, row = -1; slot <= RecentFileSlots; ++slot)
+        if (CommandByName("LoadMRUFile" + std::to_string(slot), nullptr, false, &row))
+            greyed += host.enabledCommands.at(row) ? '+' : '-';
+    EXPECT_EQ(greyed, "++---");
     LoadMRUFile1(); // the menu entries open their slots; an empty one does nothing
     LoadMRUFile3();
     EXPECT_EQ(std::tuple(editor.documents.buffers.size(), std::string(Current()->fileName)),
