@@ -35,7 +35,6 @@ struct Session : BufferSession {
         host.scrollBarCalls.clear();
         host.redrawnLines.clear();
         host.redrawnWindows.clear();
-        host.enableCalls.clear();
         host.statusTexts.clear();
     }
 };

@@ -33,7 +33,6 @@ class FakeHost : public Host {
     std::vector<StatusText> statusTexts;
     std::string statusPanes[5];
     std::map<int, bool> enabledCommands; // last state pushed per command index
-    std::vector<std::pair<int, bool>> enableCalls;
     int closeRequests = 0;
     std::optional<std::string> clipboard;
     std::vector<EditBuffer*> createdWindows;
@@ -129,7 +128,6 @@ class FakeHost : public Host {
     void Beep() override {}
     void EnableCommand(int commandIndex, bool enabled) override {
         enabledCommands[commandIndex] = enabled;
-        enableCalls.emplace_back(commandIndex, enabled);
     }
     void PostCloseFrame() override { ++closeRequests; }
     bool ClipboardHasText() override { return clipboard.has_value(); }
