@@ -25,20 +25,14 @@ Texts Words(const WordArray& words) {
 class LanguageTest : public EditorTest {
   protected:
     void LoadProfile(const std::string& ini) {
-        TempFile file(ini);
-        ASSERT_TRUE(LoadIniIntoProfile(host, file.path()));
+        LoadIniIntoProfile(host, ini);
         LoadLanguages();
     }
-    // The writes of SaveLanguages; with a section name, its "key=value" writes joined by blanks.
-    std::string Saved(const std::string& section, Texts* all = nullptr) {
+    // The writes of SaveLanguages.
+    Texts Saved() {
         host.profileWrites.clear();
         SaveLanguages();
-        std::string saved;
-        for (const std::string& write : host.profileWrites)
-            if (write.rfind("[" + section + "] ", 0) == 0)
-                saved += write.substr(section.size() + 3) + " ";
-        if (all != nullptr) *all = host.profileWrites;
-        return saved;
+        return host.profileWrites;
     }
     const LanguageDef& LoadWithFile(const std::string& path) {
         host.SetProfile("Languages", "1", "Lang");
@@ -59,15 +53,18 @@ TEST_F(LanguageTest, KeysAreReadWithTheirLimitsAndSavedInTheirOrder) {
                 "ExpanderTypeFace=6\nFilter=VHDL|*.vhd|\nExtension=" +
                 std::string(100, 'v') + "\n");
     EXPECT_EQ(UsedLanguageCount(), 2);
-    Texts writes;
-    EXPECT_EQ(Saved("VHDL", &writes),
+    const Texts writes = Saved();
+    ASSERT_EQ(writes.size(), 2 * 26u + 4);
+    std::string vhdl; // the keys of the section, in the order written
+    for (size_t i = 27; i < 52; ++i)
+        vhdl += writes[i].substr(7) + " ";
+    EXPECT_EQ(vhdl,
               "File= CaseSensitive=no BeginComment=/* EndComment=*/ LineComment=/// "
               "TextColor=1 2 3 TextTypeFace=4 CommentColor=1 2 0 CommentTypeFace=3 "
               "StringsColor=5 6 7 StringsTypeFace=0 ExpanderColor=7 8 9 ExpanderTypeFace=6 "
               "Color1=255 0 0 Typeface1=1 Color2=0 0 255 Typeface2=3 Color3=0 128 0 Typeface3=0 "
               "Color4=0 0 0 Typeface4=0 Color5=0 0 0 Typeface5=0 Extension=" +
                   std::string(79, 'v') + " Filter=VHDL|*.vhd| ");
-    ASSERT_EQ(writes.size(), 2 * 26u + 4);
     EXPECT_EQ(writes[0] + "|" + writes[25] + "|" + writes[26] + "|" + writes.back(),
               "[Languages] 0=None|[None] Filter=All files(*.*)|*.*||[Languages] 1=VHDL|"
               "[Languages] 5=");
@@ -109,9 +106,7 @@ TEST_F(LanguageTest, OptionsFilesGiveSortedGroupsColoursAndTheExpanderTable) {
                   "\nstd_logic_vector\r\nstd_logic\n[GROUP2]\ninteger\n[Other]\nignored\n"
                   "[expander]\nsl=std_logic\nno equals sign here\ncmp=a = b\nempty=\n=nameless\n"
                   "[Group5]\nafter=the section ended\n");
-    host.SetProfile("Lang", "Color1", "1 2 3");
-    host.SetProfile("Lang", "Typeface1", "4");
-    host.SetProfile("Lang", "Color3", "5 6 7");
+    LoadIniIntoProfile(host, "[Lang]\nColor1=1 2 3\nTypeface1=4\nColor3=5 6 7\n");
     const LanguageDef& lang = LoadWithFile(file.path());
     // Sorted without regard to case ('_' before letters), even in a case-sensitive language;
     // a long line is cut into lines of 254 bytes and the rest.
@@ -141,8 +136,7 @@ TEST_F(LanguageTest, OptionsFilesGiveSortedGroupsColoursAndTheExpanderTable) {
 
 TEST_F(LanguageTest, DialogStoresFieldsAtOnceAndCancelBringsTheTableBack) {
     LoadProfile("[Languages]\n1=VHDL\n2=Verilog\n3=Text\n4=Perl\n");
-    Texts before, after;
-    Saved("", &before);
+    const Texts before = Saved();
     EditBuffer* buffers[2];
     for (EditBuffer*& buffer : buffers) {
         ASSERT_EQ(openFile("Untitled", 1, 0, KindDocument), 0);
@@ -187,8 +181,7 @@ TEST_F(LanguageTest, DialogStoresFieldsAtOnceAndCancelBringsTheTableBack) {
     Press(Dialog().languages, 0);
     EXPECT_TRUE(Dialog().deleteButton->IsDisabled());
     EXPECT_EQ(DialogCancelCommand(*Dialog().dialog), 0);
-    Saved("", &after);
-    EXPECT_EQ(after, before);
+    EXPECT_EQ(Saved(), before);
     EXPECT_EQ(std::tuple(buffers[0]->language, buffers[1]->language),
               std::tuple(&LanguageEntry(1), &LanguageEntry(3)));
 

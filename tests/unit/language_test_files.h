@@ -5,10 +5,10 @@
 
 #include <cstdio>
 #include <fstream>
+#include <sstream>
 #include <string>
 
 #include "fake_host.h"
-#include "settings/line_reader.h"
 
 namespace ruvo {
 
@@ -32,20 +32,17 @@ class TempFile {
     std::string path_;
 };
 
-// Reads an INI file into the fake profile: "[section]" lines and "key=value" lines.
-inline bool LoadIniIntoProfile(FakeHost& host, const std::string& path) {
-    std::FILE* file = std::fopen(path.c_str(), "rb");
-    if (file == nullptr) return false;
+// Reads INI text into the fake profile: "[section]" lines and "key=value" lines.
+inline void LoadIniIntoProfile(FakeHost& host, const std::string& text) {
+    std::istringstream in(text);
     std::string section;
-    while (const std::optional<std::string> line = ReadMeaningfulLine(file, 1024)) {
-        const size_t equals = line->find('=');
-        if ((*line)[0] == '[')
-            section = line->substr(1, line->find(']') - 1);
+    for (std::string line; std::getline(in, line);) {
+        const size_t equals = line.find('=');
+        if (line.starts_with('['))
+            section = line.substr(1, line.find(']') - 1);
         else if (equals != std::string::npos)
-            host.SetProfile(section, line->substr(0, equals), line->substr(equals + 1));
+            host.SetProfile(section, line.substr(0, equals), line.substr(equals + 1));
     }
-    std::fclose(file);
-    return true;
 }
 
 } // namespace ruvo

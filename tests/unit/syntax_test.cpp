@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "aids/template_file.h"
+#include "document_files.h"
 #include "editor_fixture.h"
 #include "engine/edit_buffer.h"
 #include "lang/keyword_lookup.h"
@@ -57,12 +58,10 @@ class SyntaxTest : public EditorTest {
 TEST_F(SyntaxTest, TheShippedLanguagesColourLinesAndNameTheirTemplates) {
     // The shipped profile names its files under $INSTALL, the program folder on Windows; here they
     // are the checkout's files.
-    ASSERT_TRUE(LoadIniIntoProfile(host, SourcePath("config/ruvo.ini")));
-    for (const char* name : {"VHDL", "Verilog"}) {
-        const std::string file = host.ProfileValue(name, "File").value_or("");
-        EXPECT_EQ(file.substr(0, 9), "$INSTALL\\");
-        host.SetProfile(name, "File", SourcePath("config/" + file.substr(9)));
-    }
+    std::string ini = ReadBytes(SourcePath("config/ruvo.ini"));
+    for (size_t at; (at = ini.find("$INSTALL\\")) != std::string::npos;)
+        ini.replace(at, 9, SourcePath("config/"));
+    LoadIniIntoProfile(host, ini);
     LoadLanguages();
     const LanguageDef &vhdl = LanguageEntry(1), &verilog = LanguageEntry(2);
     EXPECT_EQ(UsedLanguageCount(), 3);
@@ -145,17 +144,6 @@ TEST_F(SyntaxTest, ShortRunArraysAndColouringOffEndInOnePlainRun) {
         EXPECT_EQ(Runs(line, with, capacity, true), runs) << line << capacity;
     editor.settings.options.colors = false;
     EXPECT_EQ(Runs("if x -- y", &language, MaxRunsPerLine, true), "[if x -- y]text/0/0");
-}
-
-// An abbreviation expands the whole text, without regard to case.
-TEST_F(SyntaxTest, AbbreviationsExpandTheWholeTextWithoutRegardToCase) {
-    EditBuffer buffer;
-    EXPECT_EQ(ExpansionOf(buffer, "sl"), nullptr); // no language
-    buffer.language = &language;
-    ASSERT_TRUE(language.expanderNames.Append("orphan")); // a name without a value
-    EXPECT_STREQ(ExpansionOf(buffer, "E IF"), "end if;");
-    for (const char* text : {"s", "sl ", "", "e iff", "orphan"})
-        EXPECT_EQ(ExpansionOf(buffer, text), nullptr) << text;
 }
 
 } // namespace

@@ -68,11 +68,8 @@ TEST_F(TemplatesTest, FilesAreLoadedAndTheDialogsInsertWithValuesKeptAsOneEdit) 
     TempFile a("[a()]\n");
     TempFile file("[and2(a, b)]\ny <= $1$ and $2$;\n[empty()]\n-- empty\n");
     TempFile faulty("[x]\n");
-    for (const auto& [key, path] : {std::pair{"1", a.path()},
-                                    {"2", std::string("/missing.tpl")},
-                                    {"3", file.path()},
-                                    {"4", a.path()}})
-        host.SetProfile("Templates", key, path);
+    LoadIniIntoProfile(host, "[Templates]\n1=" + a.path() + "\n2=/missing.tpl\n3=" + file.path() +
+                                 "\n4=" + a.path());
     LoadTemplatesFromProfile();
     ASSERT_EQ(editor.hdlAids.templates.loadedFiles.size(), 2u);
     TestBuffer buffer("first\nlast");
