@@ -47,27 +47,23 @@ class ResultWindowTest : public ToolsTest {
 // The window is reused until it is closed; a program that does not start leaves the header.
 TEST_F(ResultWindowTest, OutputPiecesBecomeLinesAfterTheHeaderOfTheReusedWindow) {
     const std::string x254(254, 'x');
-    const struct {
-        bool starts;
-        std::vector<std::string> pieces;
-        Lines output; // the lines after the header
-    } cases[] = {
+    // {starts, pieces, the lines after the header}
+    const std::tuple<bool, Lines, Lines> cases[] = {
         {true, {}, {""}},
         {true, {"one\r", "\ntwo\r", "\n"}, {"one", "two", ""}}, // CR LF split between two pieces
         {true, {"x\ry"}, {"xy"}},
         {true, {std::string(600, 'x') + "\n"}, {x254, x254, std::string(92, 'x'), ""}},
         {false, {}, {""}},
     };
-    for (const auto& c : cases) {
-        host.processScripts.push_back({c.starts, c.pieces});
-        EXPECT_EQ(runWithResultWindow(c.starts ? "Result" : "Failed", "tool -x", "C:\\w",
-                                      ErrorMode::None),
-                  c.starts ? 0 : 1);
-        Lines expected{"", "tool -x", ""};
-        expected.insert(expected.end(), c.output.begin(), c.output.end());
+    for (const auto& [starts, pieces, output] : cases) {
+        host.processScripts.push_back({starts, pieces});
+        EXPECT_EQ(
+            runWithResultWindow(starts ? "Result" : "Failed", "tool -x", "C:\\w", ErrorMode::None),
+            starts ? 0 : 1);
         const EditBuffer& result = *OpenResultBuffer(); // the caret follows the output
-        EXPECT_EQ(LinesOf(result), expected);
-        EXPECT_EQ(result.cursor.line, c.pieces.empty() ? 0 : result.lines.lineCount - 1);
+        const Lines lines = LinesOf(result);
+        EXPECT_EQ(Lines(lines.begin() + 3, lines.end()), output);
+        EXPECT_EQ(result.cursor.line, pieces.empty() ? 0 : result.lines.lineCount - 1);
     }
     EditBuffer* result = OpenResultBuffer();
     EXPECT_EQ(LastRun() + "|" + host.windowTitles[result], "tool -x|C:\\w|Failed");
@@ -134,26 +130,20 @@ TEST_F(ResultWindowTest, ACompileMakesEntriesThatSteppingAndTheCaretFollowWhileT
     EXPECT_EQ(std::tuple(CaretLine(), ErrorCommandsEnabled()), std::tuple(0, true));
     // Each step: the command, the caret line in the result window after it, the selected
     // source line (empty: the source was not touched by this step).
-    const struct {
-        int (*command)();
-        int caretLine;
-        const char* sourceLine;
-    } steps[] = {
+    const std::tuple<int (*)(), int, const char*> steps[] = {
         {NextError, 4, "line 5"}, {NextError, 6, "line 9"}, {NextError, 9, "line 5"},
         {NextError, 10, ""},      {NextError, 12, ""},      {NextError, 12, ""},
         {PrevError, 10, ""},      {PrevError, 9, "line 5"}, {PrevError, 6, "line 9"},
         {PrevError, 4, "line 5"}, {PrevError, 4, ""},
     };
-    for (const auto& step : steps) {
+    for (const auto& [command, caretLine, sourceLine] : steps) {
         source.lines.hasSelection = 0;
-        step.command();
-        EXPECT_EQ(CaretLine(), step.caretLine);
-        EXPECT_EQ(source.lines.hasSelection, *step.sourceLine != '\0') << step.caretLine;
-        if (*step.sourceLine != '\0') {
-            (void)EditCopy();
-            EXPECT_EQ(host.clipboard, step.sourceLine) << step.caretLine;
-            EXPECT_EQ(host.statusPanes[3], result->lines.lineText[step.caretLine]);
-        }
+        host.clipboard = host.statusPanes[3] = "";
+        command();
+        if (source.lines.hasSelection != 0) (void)EditCopy();
+        const std::string shown = *sourceLine == '\0' ? "" : result->lines.lineText[caretLine];
+        EXPECT_EQ(std::tuple(CaretLine(), host.clipboard, host.statusPanes[3]),
+                  std::tuple(caretLine, sourceLine, shown));
     }
     result->cursor = MakePos(14, 0); // below the last message PrevError takes the last one
     PrevError();
@@ -210,19 +200,15 @@ TEST_F(ResultWindowTest, VsystemCommandLinesPutEveryPieceInPlace) {
     VsystemSettings none;
     none.vcomLine = none.vlogLine = "x12";
     none.vhdl93 = none.explicitFunctions = false;
-    const struct {
-        const VsystemSettings* settings;
-        int mode;
-        const char* expected;
-    } cases[] = {
+    const std::tuple<const VsystemSettings*, int, const char*> cases[] = {
         {&none, ModeVcom, "D:\\vcom -work work  alu.vhd"},
         {&all, ModeVcom, "D:\\vcom -work mylib -no1164 -explicit -93  -line 12abc  -q alu.vhd"},
         {&none, ModeVlog, "D:\\vlog  -work work  alu.vhd"},
         {&all, ModeVlog, "D:\\vlog  -work mylib -u -hazards  -line 12abc  -q alu.vhd"},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(buildVsystemCommand(*c.settings, "C:\\libs\\work", c.mode, "D:\\", "alu.vhd"),
-                  c.expected);
+    for (const auto& [settings, mode, expected] : cases)
+        EXPECT_EQ(buildVsystemCommand(*settings, "C:\\libs\\work", mode, "D:\\", "alu.vhd"),
+                  expected);
     EXPECT_EQ(compilerFileName("C:\\My Designs\\my alu.vhd"), "\"my alu.vhd\"");
     EXPECT_EQ(parseVsystemLine("ERROR: C:\\x(y)\\alu.vhd(12)", ""), 0); // the first parenthesis
     EXPECT_EQ(parseVsystemLine("ERROR: alu.vhd(99999999999)", ""), INT32_MAX);
