@@ -110,13 +110,6 @@ TEST(MessagePathsTest, PathsAreResolvedAndCleaned) {
     EXPECT_FALSE(SameFilePath("C:\\a.vhd", "D:\\a.vhd"));
 }
 
-// GHDL counts a tab to the next multiple of 8, others count it as one column.
-TEST(MessagePathsTest, ColumnsCountTabsAsTheCompilerDoes) {
-    EXPECT_EQ(ColumnToByte("\tq <= r;", 9, 8), 1);
-    EXPECT_EQ(ColumnToByte("  \tx", 5, 8), 2);
-    EXPECT_EQ(ColumnToByte("abc", 40, 1), 3);
-}
-
 // Faulty rule lines are reported and the rest is kept.
 TEST_F(MessageFormatsTest, FaultyRuleLinesAreReportedAndTheRestIsKept) {
     // Each line of the file, and whether it is reported.
