@@ -19,9 +19,8 @@ TEST_F(GadgetDialogTest, GadgetsArePlacedInDialogUnitsAndRadioRowsFillTheirGroup
     auto dialog = createDialog("Units");
     Gadget* edit = GlGadgetCreate(*dialog, GadgetType::Edit, 46, 13, 112, 12, "",
                                   {ValueTag("abcdef"), MaxLengthTag(2), FocusTag()});
-    EXPECT_EQ(Place(*edit), "80,26 196x24");
-    EXPECT_EQ(std::tuple(edit->textValue, edit->controlId, dialog->focusGadget),
-              std::tuple("ab", FirstGadgetControlId, edit));
+    EXPECT_EQ(std::tuple(Place(*edit), edit->textValue, edit->controlId, dialog->focusGadget),
+              std::tuple("80,26 196x24", "ab", FirstGadgetControlId, edit));
     // Radio buttons in a 120 x 80 group: rows of a quarter (or more) of the height.
     const std::tuple<int, int, int, const char*> radios[] = {{3, 1, 2, "0,40 120x20"},
                                                              {2, 1, 1, "0,40 120x40"},

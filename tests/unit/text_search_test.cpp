@@ -149,8 +149,7 @@ TEST_F(SearchTest, ReplaceFollowsTheChoicesAndTheAnswers) {
     using Columns = std::pair<int32_t, int32_t>;
     const std::tuple<const char*, Columns, const char*, const char*, const char*, const char*,
                      const char*, Columns>
-        rows[] = {{"foo x foo\nfoo", {}, "foo", "foobar", "a", "", "foobar x foobar\nfoobar", {}},
-                  {"abab x ab", {}, "ab", "", "a", "", " x ", {}},
+        rows[] = {{"abab x ab", {}, "ab", "", "a", "", " x ", {}},
                   {"foo foo foo foo", {}, "foo", "bar", "ap", "ynyc", "bar foo bar foo", {12, 15}},
                   {"bar foo bar", {}, "bar", "q", "", "", "q foo bar", {}},
                   {"q foo q", {}, "q", "z", "p", "c", "q foo q", {0, 1}},
