@@ -71,13 +71,14 @@ inline std::vector<std::string_view> SplitLines(std::string_view text) {
     return lines;
 }
 
-// Each fuzzer runs in an empty folder of its own, so a path in an input names nothing real; in
-// memory, as files are written for every input.
-inline void EnterScratchFolder() {
+// Each fuzzer runs in an empty folder of its own, entered before the first input, so a path in
+// an input names nothing real; in memory, as files are written for every input.
+inline const bool scratchFolderEntered = [] {
     static char folder[] = "/dev/shm/ruvo-fuzz-XXXXXX";
     if (mkdtemp(folder) == nullptr || chdir(folder) != 0) std::abort();
     std::atexit([] { std::filesystem::remove_all(folder); });
-}
+    return true;
+}();
 
 // Writes the bytes to a file of the scratch folder and returns its name.
 inline std::string WriteScratchFile(const char* name, std::string_view bytes) {

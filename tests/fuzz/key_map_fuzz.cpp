@@ -5,11 +5,6 @@
 
 using namespace ruvo;
 
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    EnterScratchFolder();
-    return 0;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     FuzzSession session;
     LoadKeyMap(WriteScratchFile("accel.ini", AsText(data, size)));

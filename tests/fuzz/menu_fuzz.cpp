@@ -6,11 +6,6 @@
 
 using namespace ruvo;
 
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    EnterScratchFolder();
-    return 0;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     FuzzSession session;
     const std::vector<std::string_view> parts = SplitParts(AsText(data, size));

@@ -37,11 +37,6 @@ std::vector<Entry> ParseProfile(std::string_view text) {
 
 } // namespace
 
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    EnterScratchFolder();
-    return 0;
-}
-
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::vector<Entry> entries = ParseProfile(AsText(data, size));
     {

@@ -9,7 +9,6 @@
 using namespace ruvo;
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    EnterScratchFolder();
     WriteScratchFile("top.vhd", "entity top is\n\tport (a : in bit);\nend;\n");
     return 0;
 }
