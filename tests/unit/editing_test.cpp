@@ -78,14 +78,12 @@ TEST_F(EditingTest, CommandsTakeTheirPieceJoinLinesOrRefuseAndUndoRestores) {
     buffer.PlaceCaret(1, 2);
     editor.settings.options.autoIndent = false;
     NewLine();
-    EXPECT_EQ(Marked(buffer), "a\n\tb\n|\nc");
-    EXPECT_EQ(buffer->topLine, 1);
+    EXPECT_EQ(Marked(buffer) + " top " + std::to_string(buffer->topLine), "a\n\tb\n|\nc top 1");
     // A selection made from the bottom up goes with the caret at its start.
     buffer.Select(MakePos(3, 1), MakePos(0, 1));
     DeleteSelection();
     DeleteSelection(); // no selection: nothing
-    EXPECT_EQ(Marked(buffer), "a|");
-    EXPECT_EQ(buffer.LoggedTransactions(), 2);
+    EXPECT_EQ(Marked(buffer) + std::to_string(buffer.LoggedTransactions()), "a|2");
 }
 
 // Runs a walk of commands from "line.column", each given as its letter and where it must leave
@@ -180,10 +178,9 @@ TEST_F(EditingTest, BookmarksAreSetAndGoneToAcrossWindowsAndShrunkText) {
         EXPECT_EQ(Run("SetMark" + std::to_string(n)), 0);
         EXPECT_EQ(host.statusPanes[4], "Dropped bookmark " + std::to_string(n) + ".");
     }
-    for (int n = 9; n >= 0; --n) {
-        EXPECT_EQ(Run("GotoMark" + std::to_string(n)), 0);
-        EXPECT_EQ(buffer->cursor, MakePos(3 * n, 1)) << n;
-    }
+    for (int n = 9; n >= 0; --n)
+        EXPECT_EQ((std::pair{Run("GotoMark" + std::to_string(n)), buffer->cursor}),
+                  std::pair(0, MakePos(3 * n, 1)));
     // Numbers outside 0..9 are neither set nor gone to.
     EXPECT_EQ(SetBookmark(10) + GotoBookmark(-1) + GotoBookmark(10), 2);
     EXPECT_EQ(host.statusPanes[4], "Dropped bookmark 9.");
@@ -202,8 +199,8 @@ TEST_F(EditingTest, BookmarksAreSetAndGoneToAcrossWindowsAndShrunkText) {
     SetMark2();
     buffer.Select(MakePos(0, 1), MakePos(0, 3));
     GotoMark7();
-    EXPECT_EQ(host.activatedWindows.back(), buffer.get());
-    EXPECT_EQ(buffer->selStart, MakePos(0, 1));
+    EXPECT_EQ(std::pair(host.activatedWindows.back(), buffer->selStart),
+              std::pair(buffer.get(), MakePos(0, 1)));
     second->closedFlags |= ClosedFlagWindowGone;
     EXPECT_EQ(GotoMark2(), 0);
     EXPECT_EQ(host.statusPanes[4], "Window of bookmark 2 has been deleted.");
@@ -257,29 +254,26 @@ TEST_F(EditingTest, TheLogSetsTheCommandStatesAndRefusesStepsThatNoLongerFit) {
 TEST_F(EditingTest, TheLogHonoursScrollAndSelectionCodes) {
     TestBuffer buffer(NumberedLines(100, "line ") + "\n\t\tdeep");
     buffer->visibleLines = 10;
-    // {caret line, top code, top after}: ScrollKeep never leaves the caret below the window.
-    const int32_t shown = ScrollShow, hidden = ScrollCentreIfHidden, keep = ScrollKeep;
-    const int32_t lines[][3] = {{50, shown, 41},      {45, shown, 41},  {30, shown, 30},
-                                {39, hidden, 30},     {40, hidden, 35}, {68, ScrollCentre, 63},
-                                {2, ScrollCentre, 0}, {40, keep, 31},   {40, 5, 31},
-                                {40, 35, 35},         {0, 35, 35}};
-    for (const auto& c : lines) {
-        Move(buffer, MakePos(c[0], 0), ScrollTarget{c[1], ScrollKeep});
-        EXPECT_EQ(buffer->topLine, c[2]) << c[0] << " " << c[1];
-    }
-    // Columns: the caret's screen column (tab-expanded column 6 is 12) on the line before;
-    // one past the edge is allowed with a given value.
+    // {caret line, column, top code, left code, top and left after}: ScrollKeep never leaves the
+    // caret below the window; the left column follows the caret's screen column (tab-expanded
+    // column 6 is 12 on the last line) and may rest one past the edge with a given value.
     buffer->visibleColumns = 5;
-    const int32_t columns[][3] = {{6, shown, 8}, {0, shown, 0}, {6, 7, 7},
-                                  {6, 3, 8},     {2, keep, 8},  {6, 12, 12}};
-    for (const auto& c : columns) {
-        Move(buffer, MakePos(100, c[0]), ScrollTarget{ScrollKeep, c[1]});
-        EXPECT_EQ(buffer->leftColumn, c[2]) << c[0] << " " << c[1];
+    const int32_t show = ScrollShow, hide = ScrollCentreIfHidden, mid = ScrollCentre,
+                  keep = ScrollKeep;
+    const int32_t moves[][6] = {
+        {50, 0, show, keep, 41, 0},  {45, 0, show, keep, 41, 0}, {30, 0, show, keep, 30, 0},
+        {39, 0, hide, keep, 30, 0},  {40, 0, hide, keep, 35, 0}, {68, 0, mid, keep, 63, 0},
+        {2, 0, mid, keep, 0, 0},     {40, 0, keep, keep, 31, 0}, {40, 0, 5, keep, 31, 0},
+        {40, 0, 35, keep, 35, 0},    {0, 0, 35, keep, 35, 0},    {100, 6, keep, show, 91, 8},
+        {100, 0, keep, show, 91, 0}, {100, 6, keep, 7, 91, 7},   {100, 6, keep, 3, 91, 8},
+        {100, 2, keep, keep, 91, 8}, {100, 6, keep, 12, 91, 12}};
+    for (const auto& [line, column, topCode, leftCode, top, left] : moves) {
+        Move(buffer, MakePos(line, column), ScrollTarget{topCode, leftCode});
+        EXPECT_EQ(std::pair(buffer->topLine, buffer->leftColumn), std::pair(top, left)) << line;
     }
-    EXPECT_TRUE(host.boxes.empty());
     Move(buffer, MakePos(3, 0), ScrollTarget{-7, -9});
-    EXPECT_EQ(host.ErrorBoxTexts(), "LineScroll Bug\nColumnScroll Bug\n");
-    EXPECT_EQ(host.boxes[0].caption, "");
+    EXPECT_EQ(host.boxes[0].caption + ": " + host.ErrorBoxTexts(),
+              ": LineScroll Bug\nColumnScroll Bug\n");
     EXPECT_EQ(std::tuple(buffer->topLine, buffer->leftColumn), std::tuple(0, 0));
 
     // Selection codes keep a coordinate of the current selection; the anchor stays while a
@@ -293,8 +287,8 @@ TEST_F(EditingTest, TheLogHonoursScrollAndSelectionCodes) {
     Move(buffer, MakePos(2, 1));
     EXPECT_EQ(buffer->anchor, MakePos(2, 1));
     RecordEdit(*buffer, Origin, Origin, "", MakePos(0, 0), Show, MakePos(-2, 0), MakePos(0, -3));
-    EXPECT_EQ(host.ErrorBoxTexts(), "Illegal Select code\nIllegal Select code\n");
-    EXPECT_EQ(buffer->lines.hasSelection, 0);
+    EXPECT_EQ(host.ErrorBoxTexts() + Marked(buffer).substr(0, 7),
+              "Illegal Select code\nIllegal Select code\n|line 0");
 }
 
 } // namespace
