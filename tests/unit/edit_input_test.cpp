@@ -71,10 +71,8 @@ TEST_F(EditInputTest, KeysMoveTheCaretEditAndShiftExtendsTheSelection) {
     // records nothing; the window that got a key becomes the current one.
     TestBuffer tall(NumberedLines(100), false);
     tall->visibleLines = 10;
-    HandleKey(*tall, KeyPageDown, false, false);
-    HandleKey(*tall, KeyPageDown, true, false);
-    HandleKey(*tall, KeyPageUp, false, false);
-    HandleKey(*tall, KeyInsert, false, false);
+    for (const int key : {KeyPageDown, KeyPageDown, KeyPageUp, KeyInsert})
+        HandleKey(*tall, key, false, false);
     EXPECT_EQ(std::tuple(tall->cursor, tall->topLine, editor.engine.overwriteMode,
                          host.caretRecreations, editor.engine.currentBuffer,
                          tall.LoggedTransactions()),
