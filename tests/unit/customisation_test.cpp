@@ -158,27 +158,12 @@ TEST_F(CustomisationTest, AFullFileLeavesRoomForTheFixedBindingsAndTheFirstOfEqu
 }
 
 TEST_F(CustomisationTest, MenuIniStatementsAndTheirReports) {
-    TempFile file("# a comment\n"
-                  "MENU &File\n"
-                  "  ITEM \"Save &As...\" SaveFileAs\n"
-                  "\tITEM &Save savefile\n"
-                  "\tITEM &Copy EditCopy\n" // two keys: the first is shown
-                  "  # an indented comment\n"
-                  "  SEPARATOR\n"
-                  "  MENU &Recent\n"
-                  "    ITEM \"A text longer than thirty-nine characters\" NewFile\n"
-                  "  END\n"
-                  "  ITEM &Bad GoNowhere\n"
-                  "  ITEM &Lonely\n"
-                  "  FROB x\n"
-                  "END\n"
-                  "MENU\n"
-                  "END\n"
-                  "MENU Helpdesk\n"
-                  "END\n"
-                  "END\n"
-                  "MENU H&elp\n"
-                  "MENU Never\n");
+    TempFile file(
+        "# a comment\nMENU &File\n  ITEM \"Save &As...\" SaveFileAs\n\tITEM &Save savefile\n"
+        "\tITEM &Copy EditCopy\n  # an indented comment\n  SEPARATOR\n" // two keys: the first shows
+        "  MENU &Recent\n    ITEM \"A text longer than thirty-nine characters\" NewFile\n"
+        "  END\n  ITEM &Bad GoNowhere\n  ITEM &Lonely\n  FROB x\nEND\n"
+        "MENU\nEND\nMENU Helpdesk\nEND\nEND\nMENU H&elp\nMENU Never\n");
     host.SetProfile("GUI", "Accellerators", "no/accel.ini");
     host.SetProfile("GUI", "Menu", file.path());
     PrepareMainMenu();
@@ -229,15 +214,8 @@ TEST_F(CustomisationTest, HelpFilesUpToTheFirstEmptyTitleAndTheRecentFiles) {
 }
 
 TEST_F(CustomisationTest, ButtonsIniLinesMakeButtonsGapsAndReportsAndFollowTheCommands) {
-    LoadButtonsFrom("# the bar\n"
-                    "SaveFile filesave extra words\n"
-                    "About INFO\n"
-                    "GoNowhere COPY\n"
-                    "SEPARATOR\n"
-                    "NextError NEXTERROR\n"
-                    "EditCopy NOSUCH\n"
-                    "separator\n"
-                    "about FILENEW\n"
+    LoadButtonsFrom("# the bar\nSaveFile filesave extra words\nAbout INFO\nGoNowhere COPY\n"
+                    "SEPARATOR\nNextError NEXTERROR\nEditCopy NOSUCH\nseparator\nabout FILENEW\n"
                     "separator\n");
     // The second About line changes the button's picture and gap; it does not move.
     EXPECT_EQ(Buttons(), "SaveFile:4,2-grey About:35,2+gap NextError:66,2+gap-grey");
@@ -248,11 +226,10 @@ TEST_F(CustomisationTest, ButtonsIniLinesMakeButtonsGapsAndReportsAndFollowTheCo
     // Hovering shows each description once; a press runs only an enabled button's command.
     for (int x : {10, 12, 40, 100, 110})
         ButtonBarMouseMoved(x, 10);
-    Texts shown;
-    for (const FakeHost::StatusText& s : host.statusTexts)
-        shown.push_back(s.text);
-    EXPECT_EQ(shown, (Texts{"Save the file in the active edit window.",
-                            "Display version and copyright information.", ""}));
+    const auto shown = host.statusTexts | std::views::transform(&FakeHost::StatusText::text);
+    EXPECT_EQ(Texts(shown.begin(), shown.end()),
+              (Texts{"Save the file in the active edit window.",
+                     "Display version and copyright information.", ""}));
     host.redrawnButtons.clear();
     for (int x : {10, 120, 40}) // SaveFile is grey, then no button, then About
         ButtonBarPressed(x, 10);
@@ -267,9 +244,8 @@ TEST_F(CustomisationTest, ButtonsIniLinesMakeButtonsGapsAndReportsAndFollowTheCo
     EXPECT_EQ(host.freedPictures, (std::vector<uintptr_t>{2, 1, 4, 3}));
     host.SetProfile("GUI", "Buttons", "no/buttons.ini");
     LoadButtons();
-    EXPECT_EQ(BarThickness(1000, true), 0);
-    EXPECT_EQ(ReportedLines(editor).back(),
-              "Error 2: Cannot open Button definition file 'no/buttons.ini'.");
+    EXPECT_EQ(std::tuple(BarThickness(1000, true), ReportedLines(editor).back()),
+              std::tuple(0, "Error 2: Cannot open Button definition file 'no/buttons.ini'."));
     std::string fifty; // at most fifty buttons
     for (int row = 0; row < 60; ++row)
         fifty += std::string(CommandTable[row].name) + " COPY\n";
