@@ -240,15 +240,14 @@ TEST(SettingsText, LineReaderAndCommandLine) {
     std::string line = "a.vhd/nb.vhd /n";
     EXPECT_TRUE(RemoveNewInstanceSwitch(line) && line == "a.vhdb.vhd /n"); // the first goes
     EXPECT_FALSE(RemoveNewInstanceSwitch(line = "a.vhd"));
-    const char* const handOvers[][2] = {
-        {"", ""},
-        {"a.vhd b.vhd", "C:\\work\\a.vhd b.vhd"}, // blanks and all
-        {"C:\\rtl\\alu.vhd", "C:\\rtl\\alu.vhd"},
-        {"d:/rtl/alu.vhd", "d:/rtl/alu.vhd"},
-        {"/rtl/alu.vhd", "/rtl/alu.vhd"},
-        {"C:alu.vhd", "C:\\work\\C:alu.vhd"}}; // a drive without a separator is not absolute
-    for (const auto& c : handOvers)
-        EXPECT_EQ(HandOverName(c[0], "C:\\work"), c[1]) << c[0];
+    // A relative name is handed over blanks and all; a drive without a separator is relative.
+    std::string handedOver;
+    for (const char* line :
+         {"", "a.vhd b.vhd", "C:\\rtl\\alu.vhd", "d:/rtl/alu.vhd", "/rtl/alu.vhd", "C:alu.vhd"})
+        handedOver += HandOverName(line, "C:\\work") + "|";
+    EXPECT_EQ(
+        handedOver,
+        "|C:\\work\\a.vhd b.vhd|C:\\rtl\\alu.vhd|d:/rtl/alu.vhd|/rtl/alu.vhd|C:\\work\\C:alu.vhd|");
 }
 
 TEST_F(SettingsTest, OptionsDialogTakesEachNumberInItsRangeAndAppliesTheRest) {
