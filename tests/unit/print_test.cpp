@@ -143,23 +143,23 @@ TEST_F(PrintTest, DialogAnswersCopiesRangesSelectionAndFailures) {
     ASSERT_TRUE(keywords.groups[0].words.Append("line"));
     text->language = &keywords;
     editor.settings.print.printDestination = "Old";
-    const PrintDialogAnswer all = Answer(PrintRange::All);
+    using enum PrinterStatus;
+    using enum PrintRange;
+    const PrintDialogAnswer all = Answer(All);
     const char* const cannot = "Cannot print 'C:\\t.vhd'.\n";
     const std::tuple<std::optional<PrintDialogAnswer>, PrinterStatus, int, std::string> cases[] = {
-        {std::nullopt, PrinterStatus::Ok, -1, "0:|"}, // the dialog is cancelled
-        {PrintDialogAnswer{PrinterStatus::NoPrinter, ""}, PrinterStatus::Ok, -1,
-         "0:|No printer is installed.\n"},
-        {PrintDialogAnswer{PrinterStatus::Failed, ""}, PrinterStatus::Ok, -1,
-         "0:|The Print dialog cannot be shown.\n"},
-        {all, PrinterStatus::Cancelled, -1, "1:|"},
-        {all, PrinterStatus::NoPrinter, -1, "1:|No printer is installed.\n"},
-        {all, PrinterStatus::Failed, -1, std::string("1:|") + cannot},
-        {all, PrinterStatus::Ok, 1, std::string("1:1 abandoned|") + cannot},
-        {Answer(PrintRange::Pages, 4, 5), PrinterStatus::Ok, -1,
+        {std::nullopt, Ok, -1, "0:|"}, // the dialog is cancelled
+        {PrintDialogAnswer{NoPrinter, ""}, Ok, -1, "0:|No printer is installed.\n"},
+        {PrintDialogAnswer{Failed, ""}, Ok, -1, "0:|The Print dialog cannot be shown.\n"},
+        {all, Cancelled, -1, "1:|"},
+        {all, NoPrinter, -1, "1:|No printer is installed.\n"},
+        {all, Failed, -1, std::string("1:|") + cannot},
+        {all, Ok, 1, std::string("1:1 abandoned|") + cannot},
+        {Answer(Pages, 4, 5), Ok, -1,
          "1: abandoned|There is no page 4 in 'C:\\t.vhd': it has 3 pages.\n"},
-        {Answer(PrintRange::All, 1, 1, 2, true), PrinterStatus::Ok, -1, "1:123123 done|"},
-        {Answer(PrintRange::All, 1, 1, 2, false), PrinterStatus::Ok, -1, "1:112233 done|"},
-        {Answer(PrintRange::Pages, 2, 9), PrinterStatus::Ok, -1, "1:23 done|"}};
+        {Answer(All, 1, 1, 2, true), Ok, -1, "1:123123 done|"},
+        {Answer(All, 1, 1, 2, false), Ok, -1, "1:112233 done|"},
+        {Answer(Pages, 2, 9), Ok, -1, "1:23 done|"}};
     for (const auto& [answer, printer, refusedPage, done] : cases) {
         std::tie(host.printerStatus, host.refusedPage) = std::tuple(printer, refusedPage);
         EXPECT_EQ(Run(answer), done);
@@ -172,13 +172,11 @@ TEST_F(PrintTest, DialogAnswersCopiesRangesSelectionAndFailures) {
 
     // Whole lines of the selection keep their numbers; one ending at a line start stops before.
     text.Select(MakePos(4, 3), MakePos(7, 0));
-    EXPECT_EQ(Run(Answer(PrintRange::Selection)), "1:1 done|");
-    EXPECT_TRUE(host.printDialogs.back().hasSelection);
-    EXPECT_EQ(host.statusPanes[4], "1 page printed.");
-    EXPECT_EQ(Printed(host, false), "   5   6   7");
+    EXPECT_EQ((std::tuple{Run(Answer(Selection)), Printed(host, false),
+                          host.printDialogs.back().hasSelection, host.statusPanes[4]}),
+              std::tuple("1:1 done|", "   5   6   7", true, "1 page printed."));
     TestBuffer one("x\n"); // no empty last line even after a single line
-    EXPECT_EQ(Run(all), "1:1 done|");
-    EXPECT_EQ(Printed(host, false), "   1");
+    EXPECT_EQ((std::tuple{Run(all), Printed(host, false)}), std::tuple("1:1 done|", "   1"));
 }
 
 TEST_F(PrintTest, CommandLinePrintsAFileOnTheDefaultPrinter) {
@@ -193,9 +191,9 @@ TEST_F(PrintTest, CommandLinePrintsAFileOnTheDefaultPrinter) {
     EXPECT_EQ(Printed(host, false), "   1   2");
     EXPECT_TRUE(HasDate(host.printedPages[0]));
     PrintFileFromCommandLine(folder.File("none"));
-    EXPECT_EQ(host.ErrorBoxTexts(), "Cannot open  file '" + folder.File("none") + "'.\n");
     PrintFileFromCommandLine("  ");
-    EXPECT_EQ(host.boxes.back().text, "No file to print is named after /p.");
+    EXPECT_EQ(host.ErrorBoxTexts(), "Cannot open  file '" + folder.File("none") +
+                                        "'.\nNo file to print is named after /p.\n");
     EXPECT_EQ(host.printJobs.size(), 1u);
     ReleasePrinterSettings();
     EXPECT_EQ(host.printerReleases, 1);
