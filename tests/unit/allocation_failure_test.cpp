@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <memory>
 #include <regex>
 
 #include "aids/aids_state.h"
@@ -13,10 +12,10 @@
 #include "docs/documents.h"
 #include "docs/file_saving.h"
 #include "document_files.h"
+#include "editor_fixture.h"
 #include "engine/clipboard_commands.h"
 #include "engine/edit_input.h"
 #include "engine/transaction_log.h"
-#include "fake_host.h"
 #include "lang/language_table.h"
 #include "tools/result_window.h"
 
@@ -26,14 +25,10 @@ namespace {
 using Lines = std::vector<std::string>;
 using Step = std::function<void(const std::string& file)>;
 
-struct Session {
-    FakeHost host;
-    std::unique_ptr<Editor> owned = std::make_unique<Editor>(host);
-    Session() { InstallEditor(owned.get()); }
-    ~Session() {
-        owned.reset(); // the buffers go while the editor is installed
-        InstallEditor(nullptr);
-    }
+// A fresh editor of its own for each allocation made to fail.
+struct Session : EditorTest {
+    void TestBody() override {}
+    using EditorTest::editor, EditorTest::host;
 };
 
 // One operation: what is set up after the source (not counted), and the operation itself.
@@ -57,10 +52,8 @@ void WriteSource(const std::string& file, bool open) {
 // Some first lines as after the operation, the rest as before it.
 bool StepsDone(const Lines& text, const Lines& before, const Lines& after) {
     if (text.size() != before.size() || text.size() != after.size()) return false;
-    size_t line = 0;
-    while (line < text.size() && text[line] == after[line])
-        ++line;
-    return std::equal(text.begin() + line, text.end(), before.begin() + line);
+    const auto done = std::mismatch(text.begin(), text.end(), after.begin()).first;
+    return std::equal(done, text.end(), before.begin() + (done - text.begin()));
 }
 
 const Operation Operations[] = {
@@ -119,7 +112,7 @@ TEST_P(AllocationFailureTest, EveryFailingAllocationLeavesTheTextWholeAndTheFile
         WriteSource(file, std::string_view(operation.name) != "Load");
         if (operation.prepare) operation.prepare(file);
         before = stateNow(file);
-        AllocatorStats& stats = session.owned->settings.allocator;
+        AllocatorStats& stats = session.editor.settings.allocator;
         stats.failCall = n == 0 ? 0 : stats.calls + n;
         operation.run(file);
         if (n == 0) {
