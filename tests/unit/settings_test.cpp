@@ -133,15 +133,13 @@ TEST_F(SettingsTest, ProfileValuesAndOptionsAndPrintSettingsLoadWithDefaultsAndS
               "[Print] WrapLines=yes|[Print] Syntax=yes|[Print] Color=yes|");
     // Every key changed in the profile is read and saved back in its own encoding.
     std::string expected;
-    for (size_t at = 0, bar; (bar = defaults.find('|', at)) != std::string::npos; at = bar + 1) {
-        const std::string write = defaults.substr(at, bar - at);
-        const size_t close = write.find(']'), equals = write.find('=');
-        const std::string value = write.substr(equals + 1);
-        const bool flag = value == "yes" || value == "no";
-        host.SetProfile(write.substr(1, close - 1), write.substr(close + 2, equals - close - 2),
-                        flag ? (value == "yes" ? "0" : "TRUE") : value + "7");
-        expected += write.substr(0, equals + 1) +
-                    (flag ? (value == "yes" ? "no" : "yes") : value + "7") + "|";
+    const std::regex write(R"(\[(\w+)\] (\w+)=([^|]*))");
+    for (std::sregex_iterator m(defaults.begin(), defaults.end(), write), end; m != end; ++m) {
+        const std::string value = (*m)[3];
+        const std::string changed = value == "yes" ? "no" : value == "no" ? "yes" : value + "7";
+        const std::string stored = changed == "no" ? "0" : changed == "yes" ? "TRUE" : changed;
+        host.SetProfile((*m)[1].str(), (*m)[2].str(), stored);
+        expected += "[" + (*m)[1].str() + "] " + (*m)[2].str() + "=" + changed + "|";
     }
     host.SetProfile("Options", "Font", std::string(300, 'F'));
     LoadSettings();
