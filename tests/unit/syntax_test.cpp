@@ -1,11 +1,10 @@
-// Keyword and abbreviation lookup, the colouring scanner's runs, and the shipped VHDL and
+// Keyword lookup, the colouring scanner's runs, and the shipped VHDL and
 // Verilog languages (config/ruvo.ini with its .lsf and .tpl files) loaded for real.
 #include <algorithm>
 
 #include "aids/template_file.h"
 #include "document_files.h"
 #include "editor_fixture.h"
-#include "engine/edit_buffer.h"
 #include "lang/keyword_lookup.h"
 #include "lang/language_io.h"
 #include "lang/syntax_scanner.h"
@@ -36,23 +35,16 @@ std::string Runs(std::string_view line, const LanguageDef* language, int capacit
 class SyntaxTest : public EditorTest {
   protected:
     SyntaxTest() {
-        language.lineComment = "--";
-        language.caseSensitive = false;
-        language.text.color = MakeColor(1, 1, 1);
-        Group(1, {"end", "if", "then", "signal", "a", "elsif", "ending_x", "Begin"});
-        Group(2, {"std_logic", "std_logic_vector", "std_ulogic", "stdout", "std", "s"});
-        for (auto [name, value] : {std::pair{"sl", "std_logic"}, {"e if", "end if;"}}) {
-            EXPECT_TRUE(language.expanderNames.Append(name));
-            EXPECT_TRUE(language.expanderValues.Append(value));
-        }
-    }
-    void Group(int group, const std::vector<std::string>& words) {
-        for (const std::string& word : words)
-            EXPECT_TRUE(language.groups[group - 1].words.Append(word));
-        SortKeywords(language.groups[group - 1].words);
+        TempFile options("[Group1]\nend\nif\nthen\nsignal\na\nelsif\nending_x\nBegin\n[Group2]\n"
+                         "std_logic\nstd_logic_vector\nstd_ulogic\nstdout\nstd\ns\n"
+                         "[expander]\nsl=std_logic\ne if=end if;\n");
+        LoadIniIntoProfile(host, "[Languages]\n1=L\n[L]\nCaseSensitive=no\nLineComment=--\n"
+                                 "TextColor=1 1 1\nFile=" +
+                                     options.path());
+        LoadLanguages();
     }
 
-    LanguageDef language;
+    LanguageDef& language = LanguageEntry(1);
 };
 
 TEST_F(SyntaxTest, TheShippedLanguagesColourLinesAndNameTheirTemplates) {

@@ -9,6 +9,7 @@
 #include "aids/templates_dialog.h"
 #include "aids/word_expansion.h"
 #include "engine/editing_commands.h"
+#include "lang/language_io.h"
 #include "lang/language_table.h"
 #include "settings/profile.h"
 
@@ -176,14 +177,10 @@ TEST_F(TemplatesTest, TheRangeDialogNeedsARangeAndTicksOneBoxOnly) {
 TEST_F(TemplatesTest, LanguageExpandPutsInAbbreviationsAndTemplates) {
     TempFile templates("[ent(name)]\nentity $1$ is\nend entity $1$;\n");
     const std::string file = "[" + templates.path();
-    for (const auto& [name, value] : {std::pair{"sig", std::string("signal ")},
-                                      {"ent", file + "][ent]"},
-                                      {"bad", file + "[ent]"},
-                                      {"gone", file + "][Ent]"},
-                                      {"lost", file + "-gone][ent]"}}) {
-        ASSERT_TRUE(LanguageEntry(1).expanderNames.Append(name));
-        ASSERT_TRUE(LanguageEntry(1).expanderValues.Append(value));
-    }
+    TempFile options("[expander]\nsig=signal\nent=" + file + "][ent]\nbad=" + file +
+                     "[ent]\ngone=" + file + "][Ent]\nlost=" + file + "-gone][ent]\n");
+    LoadIniIntoProfile(host, "[Languages]\n1=VHDL\n[VHDL]\nFile=" + options.path());
+    LoadLanguages();
     TestBuffer buffer("sig\n  SIG\nx bad\nx gone lost\n  ent");
     buffer->language = &LanguageEntry(1);
     host.boxes.clear();
@@ -202,9 +199,9 @@ TEST_F(TemplatesTest, LanguageExpandPutsInAbbreviationsAndTemplates) {
     EXPECT_EQ(host.boxes[0].caption + std::to_string(editor.hdlAids.templates.loadedFiles.size()),
               "Warning1");
     EXPECT_EQ(buffer.Text(),
-              "sig\n  signal \nx bad\nx gone lost\n  entity alu is\nend entity alu;\n");
+              "sig\n  signal\nx bad\nx gone lost\n  entity alu is\nend entity alu;\n");
     EditUndo(); // the word comes back with the same step
-    EXPECT_EQ(buffer.Text(), "sig\n  signal \nx bad\nx gone lost\n  ent");
+    EXPECT_EQ(buffer.Text(), "sig\n  signal\nx bad\nx gone lost\n  ent");
 }
 
 // Identifier completion takes each earlier word once, then says so.
