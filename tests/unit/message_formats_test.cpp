@@ -15,21 +15,16 @@ namespace {
 
 using MessageFormatsTest = EditorTest;
 
-// "file:line:column" and E, W or N for the severity; empty when the line is no entry.
-std::string Read(MessageReader& reader, std::string_view line) {
-    const std::optional<MessageLocation> at = reader.Read(line);
-    if (!at) return "";
-    return at->file + ":" + std::to_string(at->line) + ":" + std::to_string(at->column) +
-           "EWN"[static_cast<int>(at->severity)];
-}
-
-// The entries among the lines, each followed by a blank.
+// The entries among the lines as "file:line:column" and E, W or N for the severity, each
+// followed by a blank.
 std::string Entries(const MessageFormats& formats, std::string_view name,
                     const std::vector<std::string>& lines) {
     MessageReader reader(formats, name);
     std::string entries;
     for (const std::string& line : lines)
-        if (const std::string entry = Read(reader, line); !entry.empty()) entries += entry + " ";
+        if (const std::optional<MessageLocation> at = reader.Read(line))
+            entries += at->file + ":" + std::to_string(at->line) + ":" +
+                       std::to_string(at->column) + "EWN"[static_cast<int>(at->severity)] + " ";
     return entries;
 }
 
@@ -51,11 +46,8 @@ std::vector<std::string> MergedOutput(const std::string& name) {
 TEST_F(MessageFormatsTest, EveryLocationIsFoundInCompilerOutput) {
     const MessageFormats formats = ReadMessageFormats(SourcePath("config/messages.ini"));
     EXPECT_TRUE(ReportedLines(editor).empty());
-    const struct {
-        const char* format;
-        std::vector<std::string> lines;
-        std::string entries;
-    } cases[] = {
+    // {format, lines, entries}
+    const std::tuple<const char*, std::vector<std::string>, std::string> cases[] = {
         {"ghdl", MergedOutput("ghdl_a__many_errors.txt"),
          "many_errors.vhd:4:25E many_errors.vhd:5:21E many_errors.vhd:7:8E "
          "many_errors.vhd:8:8E many_errors.vhd:9:3E many_errors.vhd:9:8E "},
@@ -87,9 +79,9 @@ TEST_F(MessageFormatsTest, EveryLocationIsFoundInCompilerOutput) {
          "C:\\my proj\\tb.vhd:20:5E tb.vhd:15:0E "},
         {"Icarus", {"tb.v:15: $finish called at 100 (1s)"}, "tb.v:15:0N "},
     };
-    for (const auto& c : cases) {
-        EXPECT_EQ(Entries(formats, c.format, c.lines), c.entries) << c.format;
-        EXPECT_EQ(Entries(formats, AllFormatsName, c.lines), c.entries) << c.format;
+    for (const auto& [format, lines, entries] : cases) {
+        EXPECT_EQ(Entries(formats, format, lines), entries) << format;
+        EXPECT_EQ(Entries(formats, AllFormatsName, lines), entries) << format;
     }
 }
 
