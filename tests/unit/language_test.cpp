@@ -69,9 +69,7 @@ TEST_F(LanguageTest, KeysAreReadWithTheirLimitsAndSavedInTheirOrder) {
               "[Languages] 0=None|[None] Filter=All files(*.*)|*.*||[Languages] 1=VHDL|"
               "[Languages] 5=");
     // A missing options file: one report, nothing read from the first group on.
-    host.SetProfile("VHDL", "File", "$INSTALL\\nowhere\\vhdl.lsf");
-    host.SetProfile("VHDL", "Color1", "9 9 9");
-    LoadLanguages();
+    LoadProfile("[VHDL]\nFile=$INSTALL\\nowhere\\vhdl.lsf\nColor1=9 9 9\n");
     EXPECT_EQ(LanguageEntry(1).groups[0].attribute.color, MakeColor(255, 0, 0));
     EXPECT_EQ(ReportedLines(editor).back() +
                   std::to_string(editor.settings.startupErrors.errorCount),

@@ -39,19 +39,14 @@ class SearchTest : public EditorTest {
     }
 };
 
-TextRange Selection(TestBuffer& buffer) {
-    return {buffer->selStart, buffer->selEnd};
-}
-
 TEST_F(SearchTest, FindSelectsTheMatchAndDoesNotWrap) {
     TestBuffer buffer("a clk b\nclk c\nclk");
     Run(FindText, "clk", "", "");
-    EXPECT_EQ(Selection(buffer), (TextRange{MakePos(0, 2), MakePos(0, 5)}));
+    EXPECT_EQ((TextRange{buffer->selStart, buffer->selEnd}), (TextRange{{0, 2}, {0, 5}}));
     EXPECT_EQ(buffer->cursor, MakePos(0, 2));
     FindNextText();
     FindNextText();
-    EXPECT_EQ(buffer->cursor, MakePos(2, 0));
-    EXPECT_EQ(host.statusPanes[4], "");
+    EXPECT_EQ(std::tuple(buffer->cursor, host.statusPanes[4]), std::tuple(MakePos(2, 0), ""));
     FindNextText();
     EXPECT_EQ(host.statusPanes[4], "Search string 'clk' not found.");
     EXPECT_TRUE(host.statusTexts.back().beep);
@@ -67,7 +62,7 @@ TEST_F(SearchTest, FindSelectsTheMatchAndDoesNotWrap) {
     for (const bool forward : {true, false}) {
         buffer.Select(MakePos(0, 0), MakePos(1, 3));
         Run(FindText, "clk", "", forward ? "s" : "sb");
-        EXPECT_EQ(Selection(buffer), (TextRange{MakePos(0, 0), MakePos(1, 3)})) << forward;
+        EXPECT_EQ((TextRange{buffer->selStart, buffer->selEnd}), (TextRange{{0, 0}, {1, 3}}));
         ASSERT_FALSE(host.foundTexts.empty());
         EXPECT_EQ(host.foundTexts.back().startColumn, forward ? 2 : 0) << forward;
     }
@@ -176,8 +171,8 @@ TEST_F(SearchTest, ReplaceFollowsTheChoicesAndTheAnswers) {
         // Where nothing changes, nothing is said either.
         EXPECT_EQ(after == std::string_view(text) ? host.statusPanes[4] : "", "") << choices;
         if (selection.second > 0) {
-            EXPECT_EQ(Selection(buffer),
-                      (TextRange{MakePos(0, selection.first), MakePos(0, selection.second)}))
+            EXPECT_EQ((TextRange{buffer->selStart, buffer->selEnd}),
+                      (TextRange{{0, selection.first}, {0, selection.second}}))
                 << text << choices;
         }
     }

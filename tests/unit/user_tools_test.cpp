@@ -73,10 +73,8 @@ TEST_F(UserToolsTest, ToolsAreLoadedLabelledEditedInTheDialogAndSaved) {
         for (int i = 0; i < 3; ++i) // added after the selected tool; no name or Cancel add none
             Press(d, "&Add new");
         EXPECT_EQ(list.items, (std::vector<std::string>{"Lint", "New", "T3"}));
-        Type(d, 0, "new.exe");
-        Type(d, 1, "-f $$");
-        Type(d, 2, "C:\\w");
-        setGadgetValue(format, 5);
+        for (int i = 0; const char* text : {"new.exe", "-f $$", "C:\\w"})
+            Type(d, i++, text);
         GadgetNotified(d, format.controlId, 5);
         DialogOkCommand(d);
     });
