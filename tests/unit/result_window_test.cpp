@@ -110,7 +110,6 @@ TEST_F(ResultWindowTest, AResultFileAndLeonardosOutputAreReadForErrors) {
     }
     EXPECT_EQ(ReadBytes(script), "analyze -work work alu.vhd\n");
     EXPECT_EQ(LeonardoCompile(), 1); // the result window is refused
-    EXPECT_EQ(SynplifyVhdl() + SynplifyVerilog(), 0);
 }
 
 TEST_F(ResultWindowTest, ACompileMakesEntriesThatSteppingAndTheCaretFollowWhileTheWindowStays) {
@@ -123,7 +122,6 @@ TEST_F(ResultWindowTest, ACompileMakesEntriesThatSteppingAndTheCaretFollowWhileT
     EditBuffer& source = Compile();
     const std::string directory = DirectoryPart(source.fileName).value();
     EXPECT_EQ(ReadBytes(source.fileName).substr(0, 16), "line 1\r\nline 2\r\n"); // saved
-    EXPECT_EQ(LastRun(), "C:\\vsys\\vcom -work work -explicit -93  alu.vhd|" + directory);
     EditBuffer* result = OpenResultBuffer();
     EXPECT_EQ(Markers(source),
               (Marks{{5, KindError}, {9, KindWarning}, {5, KindError}, {99, KindError}}));
