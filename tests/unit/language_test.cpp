@@ -35,9 +35,7 @@ class LanguageTest : public EditorTest {
         return host.profileWrites;
     }
     const LanguageDef& LoadWithFile(const std::string& path) {
-        host.SetProfile("Languages", "1", "Lang");
-        host.SetProfile("Lang", "File", path);
-        LoadLanguages();
+        LoadProfile("[Languages]\n1=Lang\n[Lang]\nFile=" + path);
         return LanguageEntry(1);
     }
     LanguageDialogState& Dialog() { return editor.languages.dialog; }
