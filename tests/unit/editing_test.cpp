@@ -38,32 +38,26 @@ class EditingTest : public EditorTest {
 
 TEST_F(EditingTest, CommandsTakeTheirPieceJoinLinesOrRefuseAndUndoRestores) {
     // {before, command, after}, beside the keys' plain cases: at the ends nothing is recorded, the
-    // last line deleted keeps its place, a join past 255 bytes is refused,
-    // 255 is allowed.
-    const std::string x128(128, 'x'), x127(127, 'x');
+    // last line deleted keeps its place, a join past 255 bytes is refused, 255 is allowed; Return
+    // carries the indent up to the caret, then the rest of the line.
+    const std::string x128(128, 'x'), x127(127, 'x'), joinPast255 = x128 + "\n|" + x128,
+                                                      joinTo255 = x127 + "|\n" + x128,
+                                                      joinedTo255 = x127 + "|" + x128;
     const std::tuple<std::string, int (*)(), std::string> cases[] = {
-        {"abc\ndef|", DeleteChar, "abc\ndef|"},
-        {"|abc\ndef", BackspaceChar, "|abc\ndef"},
-        {"ab|c", BackspaceChar, "a|c"},
-        {"one\ntw|o\nthree", DeleteLine, "one\n|three"},
-        {"one\ntw|o", DeleteLine, "one\n|"},
-        {"|foo_bar1  baz(x);", DeleteWord, "|  baz(x);"},
-        {"(|foo_bar1", DeleteWord, "(|"},
-        {"foo_bar1|  baz(x);", DeleteWord, "foo_bar1|baz(x);"},
-        {"baz|(x);", DeleteWord, "baz|x);"},
-        {"x);|\nnext", DeleteWord, "x);|next"},
-        {"x\nnext|", DeleteWord, "x\nnext|"},
-        {x128 + "\n|" + x128, BackspaceChar, x128 + "\n|" + x128},
-        {x127 + "|\n" + x128, DeleteChar, x127 + "|" + x128},
-        // Return carries the indent up to the caret, then the rest of the line.
-        {"\t|  abc", NewLine, "\t\n\t|  abc"},
-        {"\t  ab|c", NewLine, "\t  ab\n\t  |c"},
-    };
+        {"abc\ndef|", DeleteChar, "abc\ndef|"}, {"|abc\ndef", BackspaceChar, "|abc\ndef"},
+        {"ab|c", BackspaceChar, "a|c"},         {"one\ntw|o\nthree", DeleteLine, "one\n|three"},
+        {"one\ntw|o", DeleteLine, "one\n|"},    {"|a_b1  c(x);", DeleteWord, "|  c(x);"},
+        {"(|a_b1", DeleteWord, "(|"},           {"a_b1|  c(x);", DeleteWord, "a_b1|c(x);"},
+        {"c|(x);", DeleteWord, "c|x);"},        {"x);|\nnext", DeleteWord, "x);|next"},
+        {"x\nnext|", DeleteWord, "x\nnext|"},   {joinPast255, BackspaceChar, joinPast255},
+        {joinTo255, DeleteChar, joinedTo255},   {"\t|  abc", NewLine, "\t\n\t|  abc"},
+        {"\t  ab|c", NewLine, "\t  ab\n\t  |c"}};
     for (const auto& [before, command, after] : cases) {
         SCOPED_TRACE(before);
-        const auto [text, caret] = Unmarked(before);
+        const size_t bar = before.find('|');
+        const std::string text = before.substr(0, bar) + before.substr(bar + 1);
         TestBuffer buffer(text);
-        buffer.PlaceCaret(caret.line, caret.column);
+        buffer->cursor = buffer->anchor = EndOfInsertion(Origin, before.substr(0, bar));
         host.boxes.clear();
         static_cast<void>(command());
         EXPECT_EQ(Marked(buffer), after);
@@ -88,27 +82,24 @@ TEST_F(EditingTest, CommandsTakeTheirPieceJoinLinesOrRefuseAndUndoRestores) {
 
 // Runs a walk of commands from "line.column", each given as its letter and where it must leave
 // the caret ("line.column", then "/top" for the window's top line): < > character, ^ v line,
-// w W word, h e line start and end, p P page, b E document, u r undo and redo.
-void Walk(TestBuffer& buffer, const std::string& walk) {
+// w W word, h e line start and end, p P page, b E document, u r undo and redo. Gives the walk
+// back as it went, with '!' where the anchor stayed behind the caret.
+std::string Walk(TestBuffer& buffer, const std::string& walk) {
     int (*const commands[])() = {GoCharLeft,  GoCharRight, GoLineUp,  GoLineDown, GoWordLeft,
                                  GoWordRight, GoBeginLine, GoEndLine, GoPageUp,   GoPageDown,
                                  GoBeginDoc,  GoEndDoc,    EditUndo,  EditRedo};
-    const std::string text = buffer.Text();
     std::istringstream steps(walk);
-    int32_t line = 0, column = 0, top = -1;
-    char letter = 0, dot = 0;
-    steps >> line >> dot >> column;
-    buffer.PlaceCaret(line, column);
-    while (steps >> letter >> line >> dot >> column) {
-        SCOPED_TRACE(text.substr(0, 12) + " " + walk + " at " + letter + std::to_string(line));
-        commands[std::string_view("<>^vwWhepPbEur").find(letter)]();
-        EXPECT_EQ(buffer->anchor, buffer->cursor);
-        EXPECT_EQ(buffer->cursor, MakePos(line, column));
-        if (steps.peek() == '/' && steps >> dot >> top) {
-            EXPECT_EQ(buffer->topLine, top);
-        }
+    std::string went, step;
+    steps >> went;
+    buffer.PlaceCaret(std::stoi(went), std::stoi(went.substr(went.find('.') + 1)));
+    while (steps >> step) {
+        commands[std::string_view("<>^vwWhepPbEur").find(step[0])]();
+        const TextPos at = buffer->cursor;
+        went += " " + step.substr(0, 1) + std::to_string(at.line) + "." + std::to_string(at.column);
+        if (step.find('/') != std::string::npos) went += "/" + std::to_string(buffer->topLine);
+        if (!(buffer->anchor == at)) went += "!";
     }
-    EXPECT_EQ(buffer.Text(), text);
+    return went;
 }
 
 TEST_F(EditingTest, MotionsMoveTheCaretAndTheWindowAndNeverTheText) {
@@ -140,7 +131,8 @@ TEST_F(EditingTest, MotionsMoveTheCaretAndTheWindowAndNeverTheText) {
         TestBuffer buffer(text);
         buffer->visibleLines = visibleLines;
         buffer->lines.readOnly = 1;
-        Walk(buffer, walk);
+        EXPECT_EQ(Walk(buffer, walk), walk);
+        EXPECT_EQ(buffer.Text(), text);
     }
 }
 

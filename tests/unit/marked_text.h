@@ -1,10 +1,7 @@
 // A test buffer's text with its caret '|', selection '[' ']' and a stray anchor '^' written in.
 #pragma once
 
-#include <algorithm>
 #include <string>
-#include <string_view>
-#include <utility>
 
 #include "buffer_builder.h"
 
@@ -28,16 +25,6 @@ inline std::string Marked(TestBuffer& buffer) {
         }
     }
     return out;
-}
-
-// Takes the caret mark '|' out of `marked`: the plain text and the caret's position.
-inline std::pair<std::string, TextPos> Unmarked(std::string_view marked) {
-    const size_t bar = marked.find('|');
-    std::string text(marked.substr(0, bar));
-    const size_t lineStart = text.rfind('\n') + 1; // 0 when there is none
-    const TextPos caret = MakePos(static_cast<int32_t>(std::count(text.begin(), text.end(), '\n')),
-                                  static_cast<int32_t>(text.size() - lineStart));
-    return {text + std::string(marked.substr(bar + 1)), caret};
 }
 
 } // namespace ruvo
