@@ -29,43 +29,43 @@ class EditInputTest : public EditorTest {
         return PointToPos(buffer, (column + Margin - buffer.leftColumn) * CharWidth + 1,
                           row * LineHeight + 2);
     }
-    // Moves the pointer to pixel row `y` until a move brings no nudge; the top line after each.
-    std::vector<int32_t> DragUntilStill(EditBuffer& buffer, int y) {
-        std::vector<int32_t> tops;
-        for (size_t nudges = SIZE_MAX; nudges != host.pointerNudges.size() && tops.size() < 99;) {
+    // Moves the pointer to pixel row `y` until a move brings no nudge: the top line after each
+    // move, and 'v' or '^' when it nudged the pointer down or up.
+    std::string DragUntilStill(EditBuffer& buffer, int y) {
+        std::string moves;
+        for (size_t nudges = SIZE_MAX; nudges != host.pointerNudges.size() && moves.size() < 999;) {
             nudges = host.pointerNudges.size();
             PointerMoved(buffer, PointToPos(buffer, (Margin + 2) * CharWidth, y));
-            tops.push_back(buffer.topLine);
+            moves += " " + std::to_string(buffer.topLine);
+            if (host.pointerNudges.size() > nudges) moves += host.pointerNudges.back() ? "v" : "^";
         }
-        return tops;
-    }
-    // Keys with "s" (Shift) and "c" (Ctrl), each followed by the marked text it leaves.
-    void Press(TestBuffer& buffer, std::vector<std::tuple<int, std::string, std::string>> keys) {
-        for (const auto& [key, mods, marked] : keys) {
-            HandleKey(*buffer, key, mods.find('s') != std::string::npos,
-                      mods.find('c') != std::string::npos);
-            EXPECT_EQ(Marked(buffer), marked) << key << mods;
-        }
+        return moves;
     }
 };
 
 TEST_F(EditInputTest, KeysMoveTheCaretEditAndShiftExtendsTheSelection) {
     TestBuffer buffer("ab cd\n\tx y\nz;");
     // Back and Delete take the selection, else a character; Return splits the line; keys
-    // outside 8..46 and keys without an action do nothing.
-    Press(buffer, {{KeyEnd, "", "ab cd|\n\tx y\nz;"},      {KeyHome, "", "|ab cd\n\tx y\nz;"},
-                   {KeyRight, "c", "ab |cd\n\tx y\nz;"},   {KeyRight, "", "ab c|d\n\tx y\nz;"},
-                   {KeyLeft, "c", "ab |cd\n\tx y\nz;"},    {KeyLeft, "", "ab| cd\n\tx y\nz;"},
-                   {KeyDown, "c", "ab cd\n\t|x y\nz;"},    {KeyLeft, "", "ab cd\n|\tx y\nz;"},
-                   {KeyUp, "", "|ab cd\n\tx y\nz;"},       {KeyEnd, "c", "ab cd\n\tx y\nz;|"},
-                   {KeyHome, "c", "|ab cd\n\tx y\nz;"},    {KeyPageDown, "c", "ab cd\n\tx y\nz;|"},
-                   {KeyPageUp, "c", "|ab cd\n\tx y\nz;"},  {KeyRight, "sc", "[ab |]cd\n\tx y\nz;"},
-                   {KeyDown, "s", "[ab cd\n\t|]x y\nz;"},  {KeyUp, "", "ab c|d\n\tx y\nz;"},
-                   {KeyRight, "s", "ab c[d|]\n\tx y\nz;"}, {KeyDelete, "", "ab c|\n\tx y\nz;"},
-                   {KeyReturn, "", "ab c\n|\n\tx y\nz;"},  {KeyBack, "", "ab c|\n\tx y\nz;"},
-                   {KeyDelete, "", "ab c|\tx y\nz;"},      {KeyLeft, "s", "ab [|c]\tx y\nz;"},
-                   {KeyBack, "c", "ab |\tx y\nz;"},        {KeyBack - 1, "", "ab |\tx y\nz;"},
-                   {KeyBack + 1, "", "ab |\tx y\nz;"},     {KeyDelete + 1, "", "ab |\tx y\nz;"}});
+    // outside 8..46 and keys without an action do nothing. {key, "s" Shift "c" Ctrl, text after}
+    const std::tuple<int, std::string, const char*> keys[] = {
+        {KeyEnd, "", "ab cd|\n\tx y\nz;"},      {KeyHome, "", "|ab cd\n\tx y\nz;"},
+        {KeyRight, "c", "ab |cd\n\tx y\nz;"},   {KeyRight, "", "ab c|d\n\tx y\nz;"},
+        {KeyLeft, "c", "ab |cd\n\tx y\nz;"},    {KeyLeft, "", "ab| cd\n\tx y\nz;"},
+        {KeyDown, "c", "ab cd\n\t|x y\nz;"},    {KeyLeft, "", "ab cd\n|\tx y\nz;"},
+        {KeyUp, "", "|ab cd\n\tx y\nz;"},       {KeyEnd, "c", "ab cd\n\tx y\nz;|"},
+        {KeyHome, "c", "|ab cd\n\tx y\nz;"},    {KeyPageDown, "c", "ab cd\n\tx y\nz;|"},
+        {KeyPageUp, "c", "|ab cd\n\tx y\nz;"},  {KeyRight, "sc", "[ab |]cd\n\tx y\nz;"},
+        {KeyDown, "s", "[ab cd\n\t|]x y\nz;"},  {KeyUp, "", "ab c|d\n\tx y\nz;"},
+        {KeyRight, "s", "ab c[d|]\n\tx y\nz;"}, {KeyDelete, "", "ab c|\n\tx y\nz;"},
+        {KeyReturn, "", "ab c\n|\n\tx y\nz;"},  {KeyBack, "", "ab c|\n\tx y\nz;"},
+        {KeyDelete, "", "ab c|\tx y\nz;"},      {KeyLeft, "s", "ab [|c]\tx y\nz;"},
+        {KeyBack, "c", "ab |\tx y\nz;"},        {KeyBack - 1, "", "ab |\tx y\nz;"},
+        {KeyBack + 1, "", "ab |\tx y\nz;"},     {KeyDelete + 1, "", "ab |\tx y\nz;"}};
+    for (const auto& [key, mods, marked] : keys) {
+        HandleKey(*buffer, key, mods.find('s') != std::string::npos,
+                  mods.find('c') != std::string::npos);
+        EXPECT_EQ(Marked(buffer), marked) << key << mods;
+    }
 
     // Page keys move by the window height; Insert switches the mode of every window and
     // records nothing; the window that got a key becomes the current one.
@@ -109,12 +109,12 @@ TEST_F(EditInputTest, TypingReplacesTheSelectionOrTheCharacterUnderTheCaret) {
 TEST_F(EditInputTest, PointsBecomePositionsAndClicksLandAfterARightHalf) {
     TestBuffer buffer("abcdef\n\tx");
     buffer->marginColumns = Margin;
-    const int left = Margin * CharWidth;
-    // {x, y, top line, left column, line, screen column}; divisions truncate.
-    const int points[][6] = {{left + 3, 14, 0, 0, 0, 0},
-                             {left + 4, 15, 0, 0, 1, 1},
-                             {left + 4, 16, 30, 5, 31, 6},
-                             {left, -15, 30, 5, 29, 5}};
+    // {x, y, top line, left column, line, screen column}; the text starts at x 56; divisions
+    // truncate.
+    const int points[][6] = {{59, 14, 0, 0, 0, 0},
+                             {60, 15, 0, 0, 1, 1},
+                             {60, 16, 30, 5, 31, 6},
+                             {56, -15, 30, 5, 29, 5}};
     for (const auto& [x, y, top, leftColumn, line, column] : points) {
         buffer->topLine = top;
         buffer->leftColumn = leftColumn;
@@ -173,17 +173,14 @@ TEST_F(EditInputTest, ClicksShiftClicksAndDragsAreOneUndoStepEachAndDragsScroll)
     EXPECT_TRUE(ButtonPressed(*buffer, At(*buffer, 5, 2), false, false));
     // The pointer rests just below the window; every nudge brings another move message, and
     // the caret rides on the partly visible row below the last full one.
-    const std::vector<int32_t> tops = DragUntilStill(*buffer, 10 * LineHeight + 2);
-    for (size_t i = 0; i < tops.size(); ++i)
-        EXPECT_EQ(tops[i], std::min<int32_t>(static_cast<int32_t>(i), 19)) << "move " << i;
-    EXPECT_EQ(host.pointerNudges.size(), tops.size() - 1); // the last move did not nudge
-    for (size_t i = 1; i < host.pointerNudges.size(); ++i)
-        EXPECT_NE(host.pointerNudges[i], host.pointerNudges[i - 1]); // it jiggles
+    EXPECT_EQ(DragUntilStill(*buffer, 10 * LineHeight + 2),
+              " 0^ 1v 2^ 3v 4^ 5v 6^ 7v 8^ 9v 10^ 11v 12^ 13v 14^ 15v 16^ 17v 18^ 19");
     EXPECT_TRUE(ButtonReleased(*buffer));
     EXPECT_EQ(selection(), "5,2 29,2 29,2 9"); // the four undone steps recorded again first
     // Above the window it scrolls up the same way; the move reaching line 0 stops nudging.
     EXPECT_TRUE(ButtonPressed(*buffer, At(*buffer, 3, 4), false, false));
-    EXPECT_EQ(DragUntilStill(*buffer, -LineHeight - 1).size(), 23u);
+    EXPECT_EQ(DragUntilStill(*buffer, -LineHeight - 1),
+              " 20v 20^ 20v 19^ 18v 17^ 16v 15^ 14v 13^ 12v 11^ 10v 9^ 8v 7^ 6v 5^ 4v 3^ 2v 1^ 0");
     EXPECT_EQ(buffer->cursor, MakePos(0, 2));
     // From the last full row the first move below scrolls; the release shows the caret whole.
     buffer->topLine = 0;
