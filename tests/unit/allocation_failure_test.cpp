@@ -57,34 +57,33 @@ bool StepsDone(const Lines& text, const Lines& before, const Lines& after) {
 }
 
 const Operation Operations[] = {
-    {"Load", false, nullptr, [](const std::string& file) { (void)openFile(file, 0, 0, 1); }},
-    {"Typing", false, nullptr, [](const std::string&) { TypeChar(*Current(), 'x'); }},
+    {"Load", false, nullptr, [](auto& file) { (void)openFile(file, 0, 0, 1); }},
+    {"Typing", false, nullptr, [](auto&) { TypeChar(*Current(), 'x'); }},
     {"PasteOverASelection", false,
-     [](const std::string&) {
+     [](auto&) {
          RecordEdit(*Current(), {}, {}, "", MakePos(5, 2), {}, MakePos(2, 3), MakePos(5, 2));
          TheEditor().host.ClipboardSetText("a\r\nbb\r\nccc");
      },
-     [](const std::string&) { (void)EditPaste(); }},
+     [](auto&) { (void)EditPaste(); }},
     {"ReplaceAll", true, nullptr,
-     [](const std::string&) {
+     [](auto&) {
          RunSearch(
              *Current(),
              {.searchText = "is", .replaceText = "was", .replaceMode = true, .replaceAll = true});
      }},
     {"TemplateExpansion", false, nullptr,
-     [](const std::string&) {
+     [](auto&) {
          TheEditor().hdlAids.templates.parameterValues[0] = "clk";
          InsertTemplate({"", 1, {}, {}, "process ($1$)\nbegin\nend process;\n"});
      }},
-    {"Saving", false, [](const std::string&) { TypeChar(*Current(), 'y'); },
-     [](const std::string& file) { (void)saveBuffer(file, *Current()); }},
+    {"Saving", false, [](auto&) { TypeChar(*Current(), 'y'); },
+     [](auto& file) { (void)saveBuffer(file, *Current()); }},
     {"ResultWindow", false, nullptr,
-     [](const std::string&) { (void)openResultWindow("Compile", "vcom -work work top.vhd"); }},
-    {"ResultWindowAgain", false,
-     [](const std::string&) { (void)openResultWindow("Compile", "vcom top.vhd"); },
-     [](const std::string&) { (void)openResultWindow("Compile", "vlog top.v"); }},
+     [](auto&) { (void)openResultWindow("Compile", "vcom -work work top.vhd"); }},
+    {"ResultWindowAgain", false, [](auto&) { (void)openResultWindow("Compile", "vcom top.vhd"); },
+     [](auto&) { (void)openResultWindow("Compile", "vlog top.v"); }},
     {"CopyingKeywords", false, nullptr,
-     [](const std::string&) {
+     [](auto&) {
          for (const char* word : {"entity", "is", "end"})
              (void)LanguageEntry(1).groups[0].words.Append(word);
          BackupLanguageTable(); // as the language dialog opens

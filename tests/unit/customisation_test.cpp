@@ -203,9 +203,9 @@ TEST_F(CustomisationTest, HelpFilesUpToTheFirstEmptyTitleAndTheRecentFiles) {
         "|[&Help|VHDL &reference=DisplayHelpfile1|-|&About the editor...=About|]|"));
     EXPECT_EQ(ReportedLines(editor), Texts{"Error 2: Cannot open Menu definition file ''."});
     EXPECT_EQ(editor.customisation.helpFiles[2].title, "&Verilog");
-    DisplayHelpfile2(); // a name without a title still opens
-    DisplayHelpfile3();
-    DisplayHelpfile4(); // no name: nothing
+    // A name without a title still opens; without a name nothing does.
+    for (auto display : {DisplayHelpfile2, DisplayHelpfile3, DisplayHelpfile4})
+        display();
     EXPECT_EQ(host.helpFilesShown, (Texts{"nothing.hlp", "C:\\My help\\v.hlp"}));
     editor.documents.recentFiles[1] = "C:\\work\\b.vhd";
     FinishMainMenu();
