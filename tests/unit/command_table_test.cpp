@@ -16,12 +16,11 @@ TEST_F(CommandTableTest, EveryCommandIsFoundByItsHandlerNameAndMenuId) {
     // Menus, keys and buttons find their rows by handler and by name; a shared one would send
     // two commands to one row.
     for (int row = 0; row < 98; ++row) {
-        int found = -2;
-        EXPECT_EQ(CommandByName(CommandTable[row].name, "Menu Builder", true, &found),
-                  &CommandTable[row]);
-        EXPECT_EQ(std::tuple(found, CommandIndexOfHandler(CommandTable[row].handler),
-                             CommandIndexOfMenuId(10000 + row)),
-                  std::tuple(row, row, row));
+        int found = -2; // read after the lookup
+        EXPECT_EQ((std::tuple{CommandByName(CommandTable[row].name, "Menu Builder", true, &found),
+                              found, CommandIndexOfHandler(CommandTable[row].handler),
+                              CommandIndexOfMenuId(10000 + row)}),
+                  std::tuple(&CommandTable[row], row, row, row));
     }
     int index = 5;
     EXPECT_EQ(CommandByName("LoadFiles", "Keyboard mapper", false, &index), nullptr);

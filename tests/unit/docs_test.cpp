@@ -320,10 +320,9 @@ TEST_F(DocsTest, ANewerFileIsOfferedOnceAndReloadedOnYes) {
     ASSERT_EQ(openFile(Make("report.log"), 0, 1, KindMessage), 0);
     EditBuffer& gone = Open("gone.vhd", "x");
 
-    WriteBytes(folder.File("c.vhd"), "uno\r\n");
-    WriteBytes(folder.File("n.vhd"), "theirs");
-    for (const char* name : {"c.vhd", "n.vhd", "report.log"})
-        TouchLater(folder.File(name), 10);
+    for (const std::string& changed :
+         {Make("c.vhd", "uno\r\n"), Make("n.vhd", "theirs"), folder.File("report.log")})
+        TouchLater(changed, 10);
     std::filesystem::remove(folder.File("gone.vhd"));
     editor.documents.checkingChangedOnDisk = true; // as while a question box is up
     checkAllChangedOnDisk();

@@ -119,7 +119,6 @@ TEST_F(SettingsTest, ProfileValuesAndOptionsAndPrintSettingsLoadWithDefaultsAndS
         return joined;
     };
     LoadSettings();
-    EXPECT_EQ(editor.settings.profileName, "ruvo.ini");
     const std::string defaults = saved();
     EXPECT_EQ(defaults,
               "[Options] Colors=yes|[Options] AutoIndent=yes|[Options] SaveOnExit=yes|"
