@@ -24,10 +24,9 @@ class EditInputTest : public EditorTest {
         editor.engine.display.charWidth = CharWidth;
         editor.engine.display.lineHeight = LineHeight;
     }
-    // The point a bit inside screen column `column` of window row `row`.
+    // The point a bit inside screen column `column` of window row `row`, without a margin.
     ScreenPoint At(const EditBuffer& buffer, int row, int column) {
-        return PointToPos(buffer, (column + Margin - buffer.leftColumn) * CharWidth + 1,
-                          row * LineHeight + 2);
+        return PointToPos(buffer, column * CharWidth + 1, row * LineHeight + 2);
     }
     // Moves the pointer to pixel row `y` until a move brings no nudge: the top line after each
     // move, and 'v' or '^' when it nudged the pointer down or up.
@@ -35,7 +34,7 @@ class EditInputTest : public EditorTest {
         std::string moves;
         for (size_t nudges = SIZE_MAX; nudges != host.pointerNudges.size() && moves.size() < 999;) {
             nudges = host.pointerNudges.size();
-            PointerMoved(buffer, PointToPos(buffer, (Margin + 2) * CharWidth, y));
+            PointerMoved(buffer, PointToPos(buffer, 2 * CharWidth, y));
             moves += " " + std::to_string(buffer.topLine);
             if (host.pointerNudges.size() > nudges) moves += host.pointerNudges.back() ? "v" : "^";
         }
@@ -109,12 +108,12 @@ TEST_F(EditInputTest, TypingReplacesTheSelectionOrTheCharacterUnderTheCaret) {
 TEST_F(EditInputTest, PointsBecomePositionsAndClicksLandAfterARightHalf) {
     TestBuffer buffer("abcdef\n\tx");
     buffer->marginColumns = Margin;
-    // {x, y, top line, left column, line, screen column}; the text starts at x 56; divisions
-    // truncate.
-    const int points[][6] = {{59, 14, 0, 0, 0, 0},
-                             {60, 15, 0, 0, 1, 1},
-                             {60, 16, 30, 5, 31, 6},
-                             {56, -15, 30, 5, 29, 5}};
+    // {x, y, top line, left column, line, screen column}; divisions truncate.
+    const int left = Margin * CharWidth;
+    const int points[][6] = {{left + 3, 14, 0, 0, 0, 0},
+                             {left + 4, 15, 0, 0, 1, 1},
+                             {left + 4, 16, 30, 5, 31, 6},
+                             {left, -15, 30, 5, 29, 5}};
     for (const auto& [x, y, top, leftColumn, line, column] : points) {
         buffer->topLine = top;
         buffer->leftColumn = leftColumn;
@@ -135,7 +134,6 @@ TEST_F(EditInputTest, PointsBecomePositionsAndClicksLandAfterARightHalf) {
 
 TEST_F(EditInputTest, ClicksShiftClicksAndDragsAreOneUndoStepEachAndDragsScroll) {
     TestBuffer buffer(NumberedLines(30, "line "));
-    buffer->marginColumns = Margin;
     buffer->visibleLines = 10;
     HandleKey(*buffer, KeyDown, false, false);
     HandleKey(*buffer, KeyRight, true, false); // selection (1,0)-(1,1) before the drag
@@ -193,7 +191,6 @@ TEST_F(EditInputTest, ClicksShiftClicksAndDragsAreOneUndoStepEachAndDragsScroll)
 
 TEST_F(EditInputTest, DoubleClicksSelectAWordOrOpenAMessage) {
     TestBuffer buffer("  signal count_2 : integer;");
-    buffer->marginColumns = Margin;
     DoubleClicked(*buffer, At(*buffer, 0, 11));
     EXPECT_EQ(Marked(buffer), "  signal [count_2|] : integer;");
     EXPECT_EQ(buffer.LoggedTransactions(), 1);
@@ -202,7 +199,6 @@ TEST_F(EditInputTest, DoubleClicksSelectAWordOrOpenAMessage) {
     // closed the window follows nothing. Documents never follow.
     TestBuffer report("** Error: a.vhd(3): x\n** Error: a.vhd(9): y");
     report->windowKind = KindMessage;
-    report->marginColumns = Margin;
     static std::string followed; // "s" shown, "o" opened
     editor.engine.input.followMessage = [](EditBuffer&, bool open) {
         followed += open ? "o" : "s";
