@@ -106,19 +106,18 @@ TEST_F(ViewTest, ScrollingStopsAtTheLastFullPageAtZeroAndAt255Columns) {
 TEST_F(ViewTest, SettersOrderClampRedrawAndSetTheBarsOnlyWhenValuesChange) {
     TestBuffer buffer(NumberedLines(40, "line number "));
     buffer->visibleLines = 10;
-    const auto redraws = [&](TextPos from, TextPos to) {
-        SetSelection(*buffer, from, to);
-        return Drawn();
-    };
-    // An end at column 0 shows nothing on its line; the same selection again redraws nothing;
-    // lines outside the window are left alone; the ends are ordered and kept in the text.
-    EXPECT_EQ(redraws({5, 1}, {2, 3}), "2 3 4 5 ");
-    EXPECT_EQ(redraws({2, 3}, {6, 0}), "5 ");
-    EXPECT_EQ(redraws({2, 0}, {6, 2}), "2 6 ");
-    EXPECT_EQ(redraws({6, 2}, {2, 0}), "");
-    EXPECT_EQ(redraws({2, 0}, {30, 2}), "6 7 8 9 10 ");
-    EXPECT_EQ(redraws({4, 4}, {4, 4}), "2 3 4 5 6 7 8 9 10 ");
-    EXPECT_EQ(redraws({99, 99}, {-1, 9}), "0 1 2 3 4 5 6 7 8 9 10 ");
+    // The lines redrawn by each new selection: an end at column 0 shows nothing on its line; the
+    // same selection again redraws nothing; lines outside the window are left alone; the ends
+    // are ordered and kept in the text.
+    const int ends[][4] = {{5, 1, 2, 3},  {2, 3, 6, 0}, {2, 0, 6, 2},   {6, 2, 2, 0},
+                           {2, 0, 30, 2}, {4, 4, 4, 4}, {99, 99, -1, 9}};
+    std::string redrawn;
+    for (const auto& [fromLine, fromColumn, toLine, toColumn] : ends) {
+        SetSelection(*buffer, MakePos(fromLine, fromColumn), MakePos(toLine, toColumn));
+        redrawn += Drawn() + "/ ";
+    }
+    EXPECT_EQ(redrawn,
+              "2 3 4 5 / 5 / 2 6 / / 6 7 8 9 10 / 2 3 4 5 6 7 8 9 10 / 0 1 2 3 4 5 6 7 8 9 10 / ");
     EXPECT_EQ(std::pair(buffer->selStart, buffer->selEnd),
               std::pair(MakePos(0, 9), MakePos(39, 14)));
 
@@ -179,16 +178,13 @@ TEST_F(ViewTest, StatusPanesShowThePositionModeAndStateOnlyWhenChanged) {
 TEST_F(ViewTest, FontHeightFollowsThePointSizeAndTheScreen) {
     // The point size and the heights at 96 and 120 dpi: zero, negative sizes and texts that are
     // no number give the 10-point font; the height is negative, rounded as MulDiv does.
-    const std::pair<const char*, const char*> fonts[] = {
-        {" \t14pt", "14 -19 -23"}, {"+9", "9 -12 -15"},
-        {"  ", "10 -13 -17"},      {"-", "10 -13 -17"},
-        {"abc", "10 -13 -17"},     {"-3", "10 -13 -17"},
-        {"1", "1 -1 -2"},          {"99999999", "99999 -133332 -166665"}};
-    for (const auto& [size, expected] : fonts)
-        EXPECT_EQ(std::to_string(EditorFontPointSize(size)) + " " +
-                      std::to_string(EditorFontHeight(size, 96)) + " " +
-                      std::to_string(EditorFontHeight(size, 120)),
-                  expected);
+    std::string heights;
+    for (const char* size : {" \t14pt", "+9", "  ", "-", "abc", "-3", "1", "99999999"})
+        heights += std::to_string(EditorFontPointSize(size)) + " " +
+                   std::to_string(EditorFontHeight(size, 96)) + " " +
+                   std::to_string(EditorFontHeight(size, 120)) + ", ";
+    EXPECT_EQ(heights, "14 -19 -23, 9 -12 -15, 10 -13 -17, 10 -13 -17, 10 -13 -17, 10 -13 -17, "
+                       "1 -1 -2, 99999 -133332 -166665, ");
     // Halves go away from zero; a zero divisor or an overflow gives -1.
     const int mulDivs[][4] = {{5, 3, 2, 8},           {-5, 3, 2, -8},          {5, 3, -2, -8},
                               {7, 1, 3, 2},           {1, 1, 0, -1},           {1 << 30, 8, 1, -1},
@@ -300,8 +296,7 @@ TEST_F(ViewTest, RowsAreColouredSplitAtTheSelectionAndTabbedFromTheTextsColumnZe
     buffer.PlaceCaret(4, 3); // after the tab: screen column 4, window row 1
     EXPECT_EQ(CaretPosition(*buffer), (CaretPixel{(7 + 4 - 2) * 8, 15}));
     buffer->leftColumn = 5;
-    EXPECT_EQ(CaretPosition(*buffer), (CaretPixel{-8, 15}));
-    EXPECT_EQ(CaretWidth(), 2);
+    EXPECT_EQ(std::pair(CaretPosition(*buffer), CaretWidth()), std::pair(CaretPixel{-8, 15}, 2));
     editor.engine.overwriteMode = true;
     EXPECT_EQ(CaretWidth(), 8);
 }
