@@ -4,13 +4,11 @@
 #include <cstdint>
 #include <string>
 #include <tuple>
-#include <vector>
 
 #include "docs/documents.h"
 #include "document_files.h"
 #include "editor_fixture.h"
 #include "engine/editing_commands.h"
-#include "engine/transaction_log.h"
 #include "marked_text.h"
 
 namespace ruvo {

@@ -123,7 +123,6 @@ TEST_F(EditingTest, MotionsMoveTheCaretAndTheWindowAndNeverTheText) {
         {numbered, 10, "2.4 P12.4/10 P22.4/20 P32.4/30 P42.4/40 P49.7/40 p39.7/30 p29.7/20"},
         {numbered, 10, "19.6 p9.6/0 p0.0/0"},
         {std::string(255, 'x'), 20, "0.0 e0.255"},
-        {"one\ntwo\nthree", 20, "0.0 P2.5/0 E2.5/0 p0.0/0"},
         // Undo walks back through caret positions even when read-only.
         {"alpha\nbeta\ngamma", 20, "1.1 >1.2 v2.2 e2.5 u2.2 u1.2 r2.2 w2.0"},
     };
