@@ -82,8 +82,8 @@ TEST_F(TemplatesTest, FilesAreLoadedAndTheDialogsInsertWithValuesKeptAsOneEdit) 
         GadgetNotified(dialog, dialog.gadgets[0]->controlId, 1);
         Gadget& insert = *GadgetWithText(dialog, "&Insert >>");
         Gadget& templates = *dialog.gadgets[1];
-        EXPECT_EQ(templates.items, (Texts{"and2", "empty"}));
-        EXPECT_TRUE(insert.IsDisabled());
+        EXPECT_EQ(std::tuple(templates.items, insert.IsDisabled()),
+                  std::tuple(Texts{"and2", "empty"}, true));
         GadgetNotified(dialog, templates.controlId, 0);
         EXPECT_FALSE(insert.IsDisabled());
         GadgetNotified(dialog, insert.controlId, 0);
@@ -164,8 +164,7 @@ TEST_F(TemplatesTest, TheRangeDialogNeedsARangeAndTicksOneBoxOnly) {
         Gadget& selection = *GadgetWithText(dialog, "&Selection");
         GadgetNotified(dialog, selection.controlId, 1);
         GadgetNotified(dialog, GadgetWithText(dialog, "A&ll")->controlId, 1);
-        EXPECT_EQ(selection.value, 0);
-        EXPECT_TRUE(GadgetAfter(dialog, "S&tart at line:")->IsDisabled());
+        EXPECT_TRUE(selection.value == 0 && GadgetAfter(dialog, "S&tart at line:")->IsDisabled());
         GadgetNotified(dialog, dialog.gadgets[3]->controlId, 1); // un-indent
         DialogOkCommand(dialog);
     });
