@@ -134,13 +134,10 @@ TEST_F(LanguageTest, DialogStoresFieldsAtOnceAndCancelBringsTheTableBack) {
     LoadProfile("[Languages]\n1=VHDL\n2=Verilog\n3=Text\n4=Perl\n");
     const Texts before = Saved();
     EditBuffer* buffers[2];
-    for (EditBuffer*& buffer : buffers) {
+    for (int i : {1, 0}) { // a Text buffer, then the active VHDL one
         ASSERT_EQ(openFile("Untitled", 1, 0, KindDocument), 0);
-        buffer = editor.documents.buffers.back();
+        (buffers[i] = editor.engine.currentBuffer)->language = &LanguageEntry(1 + 2 * i);
     }
-    buffers[0]->language = &LanguageEntry(1);
-    buffers[1]->language = &LanguageEntry(3);
-    editor.engine.currentBuffer = buffers[0];
     LanguageOptions();
     // The active buffer's language is shown with its text colour.
     EXPECT_EQ(std::to_string(Dialog().languages->value) + GlGadgetGetText(*Dialog().colorParts[0]),
@@ -191,10 +188,8 @@ TEST_F(LanguageTest, DialogStoresFieldsAtOnceAndCancelBringsTheTableBack) {
         {5, 2, true, "3|None A B New C D|0 1 2 4 5 -1 "},
         {5, 5, true, "-1|None A B C D E|0 1 2 3 4 5 "}};
     for (const auto& [used, selected, add, expected] : cases) {
-        for (int i = 1; i < LanguageCount; ++i)
-            LanguageEntry(i) = LanguageDef{};
-        for (int i = 1; i <= used; ++i)
-            LanguageEntry(i).name = std::string(1, static_cast<char>('A' + i - 1));
+        for (int i = 1; i < LanguageCount; ++i) // the first `used` entries named A, B, ...
+            LanguageEntry(i).name = std::string(i <= used ? 1 : 0, static_cast<char>('A' + i - 1));
         LanguageMove move;
         std::string got = std::to_string(add ? AddLanguage(selected, "New", move)
                                              : DeleteLanguage(selected, move)) +
