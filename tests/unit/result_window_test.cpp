@@ -126,15 +126,17 @@ TEST_F(ResultWindowTest, ACompileMakesEntriesThatSteppingAndTheCaretFollowWhileT
     EXPECT_EQ(Markers(source),
               (Marks{{5, KindError}, {9, KindWarning}, {5, KindError}, {99, KindError}}));
     EXPECT_EQ(std::tuple(CaretLine(), ErrorCommandsEnabled()), std::tuple(0, true));
-    // Each step: the command, the caret line in the result window after it, the selected
-    // source line (empty: the source was not touched by this step).
-    const std::tuple<int (*)(), int, const char*> steps[] = {
-        {NextError, 4, "line 5"}, {NextError, 6, "line 9"}, {NextError, 9, "line 5"},
-        {NextError, 10, ""},      {NextError, 12, ""},      {NextError, 12, ""},
-        {PrevError, 10, ""},      {PrevError, 9, "line 5"}, {PrevError, 6, "line 9"},
-        {PrevError, 4, "line 5"}, {PrevError, 4, ""},
+    // Each step: the command, the caret line in the result window before it (-1: where the last
+    // step left it) and after it, the selected source line (empty: the source was not touched).
+    // Below the last message PrevError takes the last one.
+    const std::tuple<int (*)(), int, int, const char*> steps[] = {
+        {NextError, -1, 4, "line 5"}, {NextError, -1, 6, "line 9"}, {NextError, -1, 9, "line 5"},
+        {NextError, -1, 10, ""},      {NextError, -1, 12, ""},      {NextError, -1, 12, ""},
+        {PrevError, -1, 10, ""},      {PrevError, -1, 9, "line 5"}, {PrevError, -1, 6, "line 9"},
+        {PrevError, -1, 4, "line 5"}, {PrevError, -1, 4, ""},       {PrevError, 14, 12, ""},
     };
-    for (const auto& [command, caretLine, sourceLine] : steps) {
+    for (const auto& [command, before, caretLine, sourceLine] : steps) {
+        if (before >= 0) result->cursor = MakePos(before, 0);
         source.lines.hasSelection = 0;
         host.clipboard = host.statusPanes[3] = "";
         command();
@@ -143,9 +145,6 @@ TEST_F(ResultWindowTest, ACompileMakesEntriesThatSteppingAndTheCaretFollowWhileT
         EXPECT_EQ(std::tuple(CaretLine(), host.clipboard, host.statusPanes[3]),
                   std::tuple(caretLine, sourceLine, shown));
     }
-    result->cursor = MakePos(14, 0); // below the last message PrevError takes the last one
-    PrevError();
-    EXPECT_EQ(CaretLine(), 12);
     result->cursor = MakePos(5, 0);
     HandleKey(*result, KeyDown, false, false); // onto the warning: shown, not activated
     EXPECT_EQ(std::tuple(source.cursor.line, editor.engine.currentBuffer), std::tuple(8, result));

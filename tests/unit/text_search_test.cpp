@@ -11,7 +11,6 @@
 #include "buffer_builder.h"
 #include "dialog_script.h"
 #include "editor_fixture.h"
-#include "engine/editing_commands.h"
 #include "engine/word_search.h"
 
 namespace ruvo {
