@@ -22,10 +22,8 @@ TEST_F(GadgetDialogTest, GadgetsArePlacedInDialogUnitsAndRadioRowsFillTheirGroup
     EXPECT_EQ(std::tuple(Place(*edit), edit->textValue, edit->controlId, dialog->focusGadget),
               std::tuple("80,26 196x24", "ab", FirstGadgetControlId, edit));
     // Radio buttons in a 120 x 80 group: rows of a quarter (or more) of the height.
-    const std::tuple<int, int, int, const char*> radios[] = {{3, 1, 2, "0,40 120x20"},
-                                                             {2, 1, 1, "0,40 120x40"},
-                                                             {4, 2, 3, "60,40 60x40"},
-                                                             {5, 2, 4, "0,52 60x26"}};
+    const std::tuple<int, int, int, const char*> radios[] = {
+        {3, 1, 2, "0,40 120x20"}, {4, 2, 3, "60,40 60x40"}, {5, 2, 4, "0,52 60x26"}};
     for (const auto& [items, columns, index, rect] : radios) {
         Gadget radio;
         std::tie(radio.width, radio.height, radio.columns) = std::tuple(120, 80, columns);

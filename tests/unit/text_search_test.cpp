@@ -87,7 +87,6 @@ TEST_F(SearchTest, GotoLineClampsTheNumberIntoTheText) {
 TEST_F(SearchTest, TheDialogsStartFromTheWordAtTheCaretAndCancelKeepsTheChoices) {
     TestBuffer words("a_b1 <= 1;\n  _x");
     editor.aids.search = {.searchText = "old", .replaceText = "", .wholeWords = true};
-    std::string shown;
     // No word at a blank, an underscore or the line end: Find keeps the last text, Replace
     // starts empty.
     const std::tuple<int (*)(), TextPos, const char*> carets[] = {{FindText, {0, 2}, "a_b1"},
@@ -98,13 +97,13 @@ TEST_F(SearchTest, TheDialogsStartFromTheWordAtTheCaretAndCancelKeepsTheChoices)
     for (const auto& [command, caret, expected] : carets) {
         words.PlaceCaret(caret.line, caret.column);
         host.dialogActions.push_back([&](GadgetDialog& dialog) {
-            shown = GadgetAfter(dialog, dialog.title == "Find Text" ? "Find&text:" : "&Old text:")
-                        ->textValue;
+            EXPECT_EQ(GadgetAfter(dialog, dialog.title == "Find Text" ? "Find&text:" : "&Old text:")
+                          ->textValue,
+                      expected);
             setGadgetValue(*GadgetWithText(dialog, "&Whole words"), 0);
             DialogCancelCommand(dialog);
         });
         command();
-        EXPECT_EQ(shown, expected);
         EXPECT_EQ(std::pair(editor.aids.search.searchText, editor.aids.search.wholeWords),
                   std::pair(std::string("old"), true));
     }
@@ -157,8 +156,7 @@ TEST_F(SearchTest, ReplaceFollowsTheChoicesAndTheAnswers) {
                   {"x x", {}, "x", "y", "ar", "", "x x", {}}};
     for (const auto& [text, selected, find, by, choices, answers, after, selection] : rows) {
         TestBuffer buffer(text);
-        if (selected.second > 0)
-            buffer.Select(MakePos(0, selected.first), MakePos(0, selected.second));
+        buffer.Select(MakePos(0, selected.first), MakePos(0, selected.second));
         buffer->lines.readOnly = std::string_view(choices).ends_with('r');
         for (const char* a = answers; *a != '\0'; ++a)
             host.answers.push_back(*a == 'y' ? AnswerYes : *a == 'n' ? AnswerNo : AnswerCancel);
