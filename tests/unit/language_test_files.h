@@ -1,35 +1,23 @@
 // Helpers of the language tests: options files on disk and INI files read into the profile.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <cstdio>
-#include <fstream>
 #include <sstream>
 #include <string>
 
+#include "document_files.h"
 #include "fake_host.h"
 
 namespace ruvo {
 
-// A file in the test's temporary directory, removed again at the end of the test.
+// A file in a private temporary folder, removed with it at the end of the test.
 class TempFile {
   public:
-    explicit TempFile(const std::string& content)
-        : path_(::testing::TempDir() + "ruvo_" +
-                ::testing::UnitTest::GetInstance()->current_test_info()->name() + "_" +
-                std::to_string(serial_++) + ".lsf") {
-        std::ofstream(path_, std::ios::binary) << content;
-    }
-    ~TempFile() { std::remove(path_.c_str()); }
-    TempFile(const TempFile&) = delete;
-    TempFile& operator=(const TempFile&) = delete;
-
+    explicit TempFile(const std::string& content) { WriteBytes(path_, content); }
     const std::string& path() const { return path_; }
 
   private:
-    static inline int serial_ = 0;
-    std::string path_;
+    TempFolder folder_;
+    std::string path_ = folder_.File("file");
 };
 
 // Reads INI text into the fake profile: "[section]" lines and "key=value" lines.

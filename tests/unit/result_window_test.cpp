@@ -44,7 +44,7 @@ class ResultWindowTest : public ToolsTest {
     bool ErrorCommandsEnabled() { return host.enabledCommands[CommandIndexOfHandler(PrevError)]; }
 };
 
-// The window is reused until it is closed; a program that does not start leaves the header.
+// One window is reused; a program that does not start leaves the header.
 TEST_F(ResultWindowTest, OutputPiecesBecomeLinesAfterTheHeaderOfTheReusedWindow) {
     const std::string x254(254, 'x');
     // {starts, pieces, the lines after the header}
@@ -66,15 +66,14 @@ TEST_F(ResultWindowTest, OutputPiecesBecomeLinesAfterTheHeaderOfTheReusedWindow)
         EXPECT_EQ(result.cursor.line, pieces.empty() ? 0 : result.lines.lineCount - 1);
     }
     EditBuffer* result = OpenResultBuffer();
-    EXPECT_EQ(LastRun() + "|" + host.windowTitles[result], "tool -x|C:\\w|Failed");
+    EXPECT_EQ(LastRun() + "|" + host.windowTitles[result] +
+                  std::to_string(host.createdWindows.size()),
+              "tool -x|C:\\w|Failed1");
     EXPECT_EQ(host.ErrorBoxTexts(), "Can not create process 'tool -x'\n");
     // Only caret moves were recorded since the window was emptied: undo brings back no text.
     while (UndoTransaction() == 0) {
     }
     EXPECT_EQ(LinesOf(*result), (Lines{"", "tool -x", "", ""}));
-    closeBuffer(*result);
-    runWithResultWindow("Result", "c", ".", ErrorMode::None);
-    EXPECT_EQ(host.createdWindows.size(), 2u);
 }
 
 TEST_F(ResultWindowTest, AResultFileAndLeonardosOutputAreReadForErrors) {
@@ -108,7 +107,6 @@ TEST_F(ResultWindowTest, AResultFileAndLeonardosOutputAreReadForErrors) {
         EXPECT_EQ(Markers(source), (Marks{{3, KindError}}));
         EXPECT_EQ(std::filesystem::exists(script), !current);
     }
-    EXPECT_EQ(ReadBytes(script), "analyze -work work alu.vhd\n");
     EXPECT_EQ(LeonardoCompile(), 1); // the result window is refused
 }
 

@@ -72,7 +72,6 @@ TEST_F(TemplatesTest, FilesAreLoadedAndTheDialogsInsertWithValuesKeptAsOneEdit) 
                                  "\n4=" + a.path());
     LoadTemplatesFromProfile();
     TestBuffer buffer("first\nlast");
-    buffer.PlaceCaret(1, 0);
     host.fileDialogAnswers.push_back(FileDialogResult{faulty.path(), "", false});
     // and2 by the Insert button and again by a double click, then empty; then the first file is
     // removed and the faulty one loaded.
@@ -115,11 +114,11 @@ TEST_F(TemplatesTest, FilesAreLoadedAndTheDialogsInsertWithValuesKeptAsOneEdit) 
     SaveTemplatesToProfile();
     EXPECT_EQ(ReadList("Templates", "", 6, 256),
               (Texts{file.path(), faulty.path(), "/missing.tpl", "", "", ""}));
-    EXPECT_EQ(buffer.Text(), "first\ny <= x1 and x2;\n-- empty\nlast");
+    EXPECT_EQ(buffer.Text(), "y <= x1 and x2;\n-- empty\nfirst\nlast");
     editor.engine.currentBuffer = buffer.get();
     EditUndo();
     EXPECT_EQ(std::tuple(buffer.Text(), buffer->cursor),
-              std::tuple("first\ny <= x1 and x2;\nlast", MakePos(2, 0)));
+              std::tuple("y <= x1 and x2;\nfirst\nlast", MakePos(1, 0)));
 }
 
 // Each selected line gets its own edit; a selection ending at column 0 leaves that line out,
