@@ -39,7 +39,7 @@ class SyntaxTest : public EditorTest {
                          "std_logic\nstd_logic_vector\nstd_ulogic\nstdout\nstd\ns\n"
                          "[expander]\nsl=std_logic\ne if=end if;\n");
         LoadIniIntoProfile(host, "[Languages]\n1=L\n[L]\nCaseSensitive=no\nLineComment=--\n"
-                                 "TextColor=1 1 1\nFile=" +
+                                 "TextColor=1 1 1\nCommentTypeFace=2\nFile=" +
                                      options.path());
         LoadLanguages();
     }
@@ -73,11 +73,10 @@ TEST_F(SyntaxTest, TheShippedLanguagesColourLinesAndNameTheirTemplates) {
             known.push_back("[$INSTALL\\" + std::string(file) + "][" + entry.name + "]");
     int references = 0;
     for (const LanguageDef* language : {&vhdl, &verilog})
-        for (const char* value : language->expanderValues)
-            if (value[0] == '[') {
-                ++references;
-                EXPECT_NE(std::find(known.begin(), known.end(), value), known.end()) << value;
-            }
+        for (const char* value : language->expanderValues) {
+            references += value[0] == '[';
+            EXPECT_TRUE(value[0] != '[' || std::ranges::count(known, value) == 1) << value;
+        }
     EXPECT_EQ(std::tuple(UsedLanguageCount(), references, HasStartupErrors()),
               std::tuple(3, 27, false));
 }
@@ -119,7 +118,6 @@ TEST_F(SyntaxTest, LinesSplitIntoRuns) {
 // A short run array ends with one plain run over the rest of the line. Colouring off, or no
 // language: one black run, not the language's text colour.
 TEST_F(SyntaxTest, ShortRunArraysAndColouringOffEndInOnePlainRun) {
-    language.comment.typeface = 2;
     const std::tuple<const char*, const LanguageDef*, int, const char*> cases[] = {
         {"if x -- y", &language, MaxRunsPerLine, "[if]kw1/255/1[ x ]text/1/0[-- y]comment/0/2"},
         {"\"s\" sl", &language, MaxRunsPerLine, "[\"s\"]string/0/1[ ]text/1/0[sl]abbrev/0/0"},

@@ -130,9 +130,8 @@ TEST_F(UserToolsTest, RunningNeedsAnExecutableAndForDollarsAWindowAndSteppingCro
               "Tool(3) 'Nothing' has no command executable specified.\nUse Options -> Tools to "
               "specify a command.\nTool(2) 'Lint' uses active window in command line\narguments, "
               "but no window is ative.\n");
-    EXPECT_EQ(host.boxes[0].caption + "|" + host.boxes[1].caption,
-              "Empty command line|No active windows");
-    EXPECT_EQ(LastRun(), "none");
+    EXPECT_EQ(host.boxes[0].caption + "|" + host.boxes[1].caption + "|" + LastRun(),
+              "Empty command line|No active windows|none");
     EditBuffer& top = OpenSource("top.vhd", "entity top is\nend;\n\ty <= b;\n");
     top.lines.modified = 1;
     RunTool2();
