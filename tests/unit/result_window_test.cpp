@@ -171,7 +171,7 @@ TEST_F(ResultWindowTest, ACompileMakesEntriesThatSteppingAndTheCaretFollowWhileT
     EXPECT_EQ(LastRun(), "C:\\vsys\\vmap work C:\\lib|" + directory);
     Compile();
     clearErrors();
-    EXPECT_TRUE(Markers(source).empty() && !ErrorCommandsEnabled());
+    EXPECT_TRUE(Markers(source).empty() && !ErrorCommandsEnabled() && !hasErrorList());
     EXPECT_EQ(LinesOf(*OpenResultBuffer()), (Lines{""}));
 
     closeBuffer(Compile());
