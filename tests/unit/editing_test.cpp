@@ -121,7 +121,8 @@ TEST_F(EditingTest, MotionsMoveTheCaretAndTheWindowAndNeverTheText) {
         // Near the end a page down goes to the end of the last line; less than a page from
         // the top a page up goes to the start of the document.
         {numbered, 10, "2.4 P12.4/10 P22.4/20 P32.4/30 P42.4/40 P49.7/40 p39.7/30 p29.7/20"},
-        {numbered, 10, "19.6 p9.6/0 p0.0/0"},
+        {numbered, 10, "20.6 p10.6 p0.6/0 p0.0/0"},
+        {numbered, 10, "40.3 P49.7/40"}, // exactly a page above the end
         {std::string(255, 'x'), 20, "0.0 e0.255"},
         // Undo walks back through caret positions even when read-only.
         {"alpha\nbeta\ngamma", 20, "1.1 >1.2 v2.2 e2.5 u2.2 u1.2 r2.2 w2.0"},
