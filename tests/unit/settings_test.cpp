@@ -205,7 +205,8 @@ TEST(SettingsText, LineReaderAndCommandLine) {
          256,
          {"Ctrl+S x", "  # indented", "F3 y"}},
         {"a\r\r\nb\rc\n\r\n", 256, {"a\r", "b\rc"}}, // one CR after the LF goes
-        {"abcdefgh\nij\n", 4, {"abc", "def", "gh", "ij"}}};
+        {"abcdefgh\nij\n", 4, {"abc", "def", "gh", "ij"}},
+        {std::string(600, 'l'), 513, {std::string(512, 'l'), std::string(88, 'l')}}};
     for (const auto& [content, capacity, expected] : cases) {
         std::string bytes = content;
         std::FILE* file = fmemopen(bytes.data(), bytes.size(), "r");

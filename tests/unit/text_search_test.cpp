@@ -152,6 +152,8 @@ TEST_F(SearchTest, ReplaceFollowsTheChoicesAndTheAnswers) {
                   {"x x x x\nx", {2, 5}, "x", "yy", "asb", "", "x yy yy x\nx", {2, 7}},
                   {"ab ab ab", {0, 4}, "ab", "X", "as", "", "X ab ab", {0, 3}},
                   {"ab ab ab", {0, 4}, "ab", "X", "asb", "", "X ab ab", {0, 3}},
+                  {"ab ab ab", {0, 2}, "ab", "X", "as", "", "X ab ab", {0, 1}},
+                  {"ab ab ab", {0, 2}, "ab", "X", "asb", "", "X ab ab", {0, 1}},
                   {"x x", {}, "x", "y", "s", "", "x x", {}},
                   {"x x", {}, "x", "y", "ar", "", "x x", {}}};
     for (const auto& [text, selected, find, by, choices, answers, after, selection] : rows) {
