@@ -1,10 +1,11 @@
-// Keyword lookup, the colouring scanner's runs, and the shipped VHDL and
+// Keyword and abbreviation lookup, the colouring scanner's runs, and the shipped VHDL and
 // Verilog languages (config/ruvo.ini with its .lsf and .tpl files) loaded for real.
 #include <algorithm>
 
 #include "aids/template_file.h"
 #include "document_files.h"
 #include "editor_fixture.h"
+#include "engine/edit_buffer.h"
 #include "lang/keyword_lookup.h"
 #include "lang/language_io.h"
 #include "lang/syntax_scanner.h"
@@ -131,6 +132,18 @@ TEST_F(SyntaxTest, ShortRunArraysAndColouringOffEndInOnePlainRun) {
         EXPECT_EQ(Runs(line, with, capacity, true), runs) << line << capacity;
     editor.settings.options.colors = false;
     EXPECT_EQ(Runs("if x -- y", &language, MaxRunsPerLine, true), "[if x -- y]text/0/0");
+}
+
+// An abbreviation expands the whole text, without regard to case; a name without a value
+// expands to nothing.
+TEST_F(SyntaxTest, AbbreviationsExpandTheWholeTextWithoutRegardToCase) {
+    EditBuffer buffer;
+    EXPECT_EQ(ExpansionOf(buffer, "sl"), nullptr); // no language
+    buffer.language = &language;
+    ASSERT_TRUE(language.expanderNames.Append("orphan"));
+    EXPECT_STREQ(ExpansionOf(buffer, "E IF"), "end if;");
+    for (const char* text : {"s", "sl ", "", "e iff", "orphan"})
+        EXPECT_EQ(ExpansionOf(buffer, text), nullptr) << text;
 }
 
 } // namespace
