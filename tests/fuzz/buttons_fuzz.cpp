@@ -7,7 +7,7 @@
 using namespace ruvo;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    FuzzSession session;
+    InstalledEditor session;
     session.host.SetProfile("GUI", "Buttons", WriteScratchFile("buttons.ini", AsText(data, size)));
     LoadButtons();
     const ButtonBar& bar = session.editor.customisation.buttonBar;

@@ -33,7 +33,7 @@ long ModelRead(std::string_view bytes, std::vector<std::string>& lines) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    FuzzSession session;
+    InstalledEditor session;
     std::string bytes(AsText(data, size));
     std::FILE* file =
         size == 0 ? std::fopen("/dev/null", "rb") : fmemopen(bytes.data(), bytes.size(), "rb");

@@ -1,4 +1,4 @@
-// What every fuzz target shares: a fresh editor on a FakeHost per input, inputs split into
+// What every fuzz target shares besides a fresh InstalledEditor per input: inputs split into
 // parts, and scratch files for readers that open a path.
 #pragma once
 
@@ -13,25 +13,11 @@
 #include <vector>
 
 #include "engine/edit_buffer.h"
-#include "engine/editor.h"
 #include "engine/line_list.h"
 #include "engine/transaction_log.h"
-#include "fake_host.h"
+#include "installed_editor.h"
 
 namespace ruvo {
-
-// Installed for one input and released with it, so no state passes from one input to the next.
-// The editor goes (with its buffers) while still installed.
-struct FuzzSession {
-    FakeHost host;
-    struct Uninstall {
-        ~Uninstall() { InstallEditor(nullptr); }
-    } uninstall;
-    Editor editor{host};
-    FuzzSession() { InstallEditor(&editor); }
-    FuzzSession(const FuzzSession&) = delete;
-    FuzzSession& operator=(const FuzzSession&) = delete;
-};
 
 inline std::string_view AsText(const uint8_t* data, size_t size) {
     return {reinterpret_cast<const char*>(data), size};

@@ -6,7 +6,7 @@
 using namespace ruvo;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    FuzzSession session;
+    InstalledEditor session;
     LoadKeyMap(WriteScratchFile("accel.ini", AsText(data, size)));
     const KeyMap& map = session.editor.customisation.keyMap;
     if (map.count < 0 || map.count > MaxKeyBindings) std::abort();

@@ -9,7 +9,7 @@
 using namespace ruvo;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    FuzzSession session;
+    InstalledEditor session;
     const std::vector<std::string_view> parts = SplitParts(AsText(data, size));
     if (parts.size() > 1) {
         for (std::string_view line : SplitLines(parts.front())) {

@@ -7,7 +7,7 @@
 using namespace ruvo;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    FuzzSession session;
+    InstalledEditor session;
     const std::vector<std::string_view> parts = SplitParts(AsText(data, size));
     LoadKeyMap(parts.size() > 1 ? WriteScratchFile("accel.ini", parts.front()) : "");
     ReadMenuDescription(WriteScratchFile("menu.ini", parts.back()));

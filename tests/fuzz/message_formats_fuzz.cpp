@@ -11,7 +11,7 @@
 using namespace ruvo;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    FuzzSession session;
+    InstalledEditor session;
     const std::vector<std::string_view> parts = SplitParts(AsText(data, size));
     std::string rules(parts.front());
     std::FILE* file = fmemopen(rules.data(), rules.size() + 1, "rb");

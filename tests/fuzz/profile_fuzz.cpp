@@ -40,7 +40,7 @@ std::vector<Entry> ParseProfile(std::string_view text) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::vector<Entry> entries = ParseProfile(AsText(data, size));
     {
-        FuzzSession session;
+        InstalledEditor session;
         for (const Entry& entry : entries) {
             if (entry.section == "Environment") session.host.environment[entry.key] = entry.value;
             session.host.SetProfile(entry.section, entry.key, entry.value);
@@ -57,7 +57,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     }
     // Loading reads the files the profile names: with blackslashes only, every such name stays
     // inside the scratch folder.
-    FuzzSession session;
+    InstalledEditor session;
     for (Entry entry : entries) {
         for (std::string* text : {&entry.section, &entry.key, &entry.value})
             for (char& c : *text)

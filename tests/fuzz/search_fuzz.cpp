@@ -21,7 +21,7 @@ TextPos PosFrom(const EditBuffer& buffer, uint8_t byte) {
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (size < 3) return 0;
-    FuzzSession session;
+    InstalledEditor session;
     const uint8_t choices = data[0];
     std::vector<std::string_view> lines = SplitLines(AsText(data + 3, size - 3));
     if (lines.size() > 400) return 0;

@@ -8,7 +8,7 @@
 using namespace ruvo;
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    FuzzSession session;
+    InstalledEditor session;
     const std::string_view text = AsText(data, size);
     const TemplateFile file = ReadTemplateText(text, "fuzz.tpl");
     (void)ParseTemplateHeader(text.substr(0, text.find('\n')));

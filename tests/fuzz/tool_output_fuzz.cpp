@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerInitialize(int*, char***) {
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    FuzzSession session;
+    InstalledEditor session;
     if (openFile("top.vhd", 0, 0, KindDocument) != 0) std::abort();
     ToolsState& tools = session.editor.tools;
     tools.sourceBuffer = session.editor.engine.currentBuffer;

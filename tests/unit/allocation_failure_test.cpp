@@ -25,12 +25,6 @@ namespace {
 using Lines = std::vector<std::string>;
 using Step = std::function<void(const std::string& file)>;
 
-// A fresh editor of its own for each allocation made to fail.
-struct Session : EditorTest {
-    void TestBody() override {}
-    using EditorTest::editor, EditorTest::host;
-};
-
 // One operation: what is set up after the source (not counted), and the operation itself.
 struct Operation {
     const char* name;
@@ -107,7 +101,7 @@ TEST_P(AllocationFailureTest, EveryFailingAllocationLeavesTheTextWholeAndTheFile
         SCOPED_TRACE(std::string(operation.name) + ", allocation " + std::to_string(n));
         TempFolder folder;
         const std::string file = folder.File("top.vhd");
-        Session session;
+        InstalledEditor session;
         WriteSource(file, std::string_view(operation.name) != "Load");
         if (operation.prepare) operation.prepare(file);
         before = stateNow(file);

@@ -5,22 +5,11 @@
 
 #include <string>
 
-#include "engine/editor.h"
-#include "fake_host.h"
+#include "installed_editor.h"
 
 namespace ruvo {
 
-class EditorTest : public ::testing::Test {
-  protected:
-    EditorTest() { InstallEditor(&editor); }
-
-    FakeHost host;
-    // Uninstalls the editor once it is gone: its state is released while it is installed.
-    struct Uninstall {
-        ~Uninstall() { InstallEditor(nullptr); }
-    } uninstall;
-    Editor editor{host};
-};
+class EditorTest : public ::testing::Test, protected InstalledEditor {};
 
 // Folder of the checkout, for the shipped config/ files and tests/fixtures/.
 inline std::string SourcePath(const std::string& relative) {
