@@ -12,9 +12,8 @@
 #include <string_view>
 #include <vector>
 
+#include "buffer_builder.h"
 #include "engine/edit_buffer.h"
-#include "engine/line_list.h"
-#include "engine/transaction_log.h"
 #include "installed_editor.h"
 
 namespace ruvo {
@@ -76,43 +75,20 @@ inline std::string WriteScratchFile(const char* name, std::string_view bytes) {
     return name;
 }
 
-// A current buffer holding the given lines (cut to the line length the store allows).
-class FuzzBuffer {
-  public:
-    explicit FuzzBuffer(const std::vector<std::string_view>& lines) {
-        buffer_.lines.growBy = 64;
-        for (std::string_view line : lines)
-            if (AppendLine(&buffer_.lines, CText(line).substr(0, MaxLineLength)) != 0) std::abort();
-        if (buffer_.lines.lineCount == 0 && AppendLine(&buffer_.lines, "") != 0) std::abort();
-        if (InitTransactionLog(buffer_) != 1) std::abort();
-        TheEditor().engine.currentBuffer = &buffer_;
-    }
-    ~FuzzBuffer() {
-        ClearTransactionLog(buffer_);
-        ClearLineList(&buffer_.lines);
-        TheEditor().engine.currentBuffer = nullptr;
-    }
-    FuzzBuffer(const FuzzBuffer&) = delete;
-    FuzzBuffer& operator=(const FuzzBuffer&) = delete;
+// The lines as the store holds them: each up to a NUL and cut to the line length the store
+// allows, joined by line feeds.
+inline std::string StoredText(const std::vector<std::string_view>& lines) {
+    std::string text;
+    for (size_t i = 0; i < lines.size(); ++i)
+        text += (i > 0 ? "\n" : "") + std::string(CText(lines[i]).substr(0, MaxLineLength));
+    return text;
+}
 
-    EditBuffer& operator*() { return buffer_; }
-    EditBuffer* operator->() { return &buffer_; }
-
-    std::vector<std::string> Lines() const {
-        std::vector<std::string> lines;
-        for (int32_t i = 0; i < buffer_.lines.lineCount; ++i)
-            lines.emplace_back(buffer_.lines.lineText[i]);
-        return lines;
-    }
-    // Aborts unless every line fits the store and holds no line end.
-    void CheckLines() const {
-        if (buffer_.lines.lineCount < 1) std::abort();
-        for (const std::string& line : Lines())
-            if (line.size() > MaxLineLength || line.find('\n') != std::string::npos) std::abort();
-    }
-
-  private:
-    EditBuffer buffer_;
-};
+// Aborts unless every line fits the store and holds no line end.
+inline void CheckLines(const EditBuffer& buffer) {
+    if (buffer.lines.lineCount < 1) std::abort();
+    for (const std::string& line : LinesOf(buffer))
+        if (line.size() > MaxLineLength || line.find('\n') != std::string::npos) std::abort();
+}
 
 } // namespace ruvo

@@ -39,15 +39,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     state.prompt = choices & 128;
     lines.erase(lines.begin(), lines.begin() + std::min<size_t>(2, lines.size()));
 
-    FuzzBuffer buffer(lines);
-    const std::vector<std::string> before = buffer.Lines();
+    TestBuffer buffer(StoredText(lines));
+    const std::vector<std::string> before = LinesOf(*buffer);
     const TextPos anchor = PosFrom(*buffer, data[1]);
     const TextPos caret = PosFrom(*buffer, data[2]);
-    buffer->anchor = anchor;
-    buffer->cursor = caret;
-    buffer->selStart = PosLess(caret, anchor) ? caret : anchor;
-    buffer->selEnd = PosLess(caret, anchor) ? anchor : caret;
-    buffer->lines.hasSelection = PosEqual(anchor, caret) ? 0 : 1;
+    buffer.Select(anchor, caret);
 
     TextPos found;
     if (searchInBuffer(*buffer, state.searchText, state.caseSensitive, state.wholeWords, anchor,
@@ -55,11 +51,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         (found.line < 0 || found.line >= buffer->lines.lineCount))
         std::abort();
     RunSearch(*buffer, state);
-    buffer.CheckLines();
+    CheckLines(*buffer);
     RepeatSearch(*buffer, state);
-    buffer.CheckLines();
+    CheckLines(*buffer);
     while (UndoTransaction() == 0) {
     }
-    if (buffer.Lines() != before) std::abort();
+    if (LinesOf(*buffer) != before) std::abort();
     return 0;
 }

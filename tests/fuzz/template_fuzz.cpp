@@ -16,8 +16,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     for (size_t i = 0; i < values.size(); ++i)
         values[i] = std::string(text.substr(std::min(text.size(), i * 7), 5));
     session.editor.hdlAids.templates.parameterValues = values;
-    FuzzBuffer buffer({"entity e is", "    port (a : in bit);", "end;"});
-    const std::vector<std::string> before = buffer.Lines();
+    TestBuffer buffer("entity e is\n    port (a : in bit);\nend;");
+    const std::vector<std::string> before = LinesOf(*buffer);
     buffer->cursor = MakePos(1, 4);
     size_t inserted = 0;
     for (const Template& entry : file.templates) {
@@ -25,10 +25,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         if (entry.paramCount < 0 || entry.paramCount > MaxTemplateParameters) std::abort();
         (void)ExpandTemplateBody(entry, values);
         InsertTemplate(entry);
-        buffer.CheckLines();
+        CheckLines(*buffer);
     }
     while (UndoTransaction() == 0) {
     }
-    if (buffer.Lines() != before) std::abort();
+    if (LinesOf(*buffer) != before) std::abort();
     return 0;
 }

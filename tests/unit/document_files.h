@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "buffer_builder.h"
 #include "engine/edit_buffer.h"
 #include "engine/editor.h"
 
@@ -32,13 +33,6 @@ inline void WriteBytes(const std::string& path, const std::string& bytes) {
 inline std::string ReadBytes(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};
-}
-
-inline std::vector<std::string> LinesOf(const EditBuffer& buffer) {
-    std::vector<std::string> lines;
-    for (int32_t i = 0; i < buffer.lines.lineCount; ++i)
-        lines.emplace_back(buffer.lines.lineText[i]);
-    return lines;
 }
 
 // Moves the file's modification time by `seconds` from now.
