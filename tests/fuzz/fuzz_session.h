@@ -77,7 +77,7 @@ inline std::string WriteScratchFile(const char* name, std::string_view bytes) {
 
 // The lines as the store holds them: each up to a NUL and cut to the line length the store
 // allows, joined by line feeds.
-inline std::string StoredText(const std::vector<std::string_view>& lines) {
+inline std::string BufferText(const std::vector<std::string_view>& lines) {
     std::string text;
     for (size_t i = 0; i < lines.size(); ++i)
         text += (i > 0 ? "\n" : "") + std::string(CText(lines[i]).substr(0, MaxLineLength));

@@ -39,7 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     state.prompt = choices & 128;
     lines.erase(lines.begin(), lines.begin() + std::min<size_t>(2, lines.size()));
 
-    TestBuffer buffer(StoredText(lines));
+    TestBuffer buffer(BufferText(lines));
     const std::vector<std::string> before = LinesOf(*buffer);
     const TextPos anchor = PosFrom(*buffer, data[1]);
     const TextPos caret = PosFrom(*buffer, data[2]);
