@@ -11,12 +11,12 @@
 #include "aids/text_search.h"
 #include "docs/documents.h"
 #include "docs/file_saving.h"
-#include "document_files.h"
 #include "editor_fixture.h"
 #include "engine/clipboard_commands.h"
 #include "engine/edit_input.h"
 #include "engine/transaction_log.h"
 #include "lang/language_table.h"
+#include "test_files.h"
 #include "tools/result_window.h"
 
 namespace ruvo {

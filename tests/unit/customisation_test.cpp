@@ -10,10 +10,9 @@
 #include "commands/help_files.h"
 #include "commands/key_map.h"
 #include "commands/menu_description.h"
-#include "customisation_files.h"
 #include "dialog_script.h"
 #include "editor_fixture.h"
-#include "language_test_files.h"
+#include "test_files.h"
 
 namespace ruvo {
 namespace {

@@ -10,7 +10,6 @@
 #include "docs/file_saving.h"
 #include "docs/recent_files.h"
 #include "docs/startup_error_window.h"
-#include "document_files.h"
 #include "editor_fixture.h"
 #include "engine/editing_commands.h"
 #include "engine/text_store.h"
@@ -18,6 +17,7 @@
 #include "lang/language_table.h"
 #include "settings/error_report.h"
 #include "settings/profile.h"
+#include "test_files.h"
 
 namespace ruvo {
 namespace {

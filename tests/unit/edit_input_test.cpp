@@ -5,11 +5,11 @@
 #include <string>
 #include <tuple>
 
+#include "buffer_builder.h"
 #include "docs/documents.h"
-#include "document_files.h"
 #include "editor_fixture.h"
 #include "engine/editing_commands.h"
-#include "marked_text.h"
+#include "test_files.h"
 
 namespace ruvo {
 namespace {

@@ -12,7 +12,6 @@
 #include "engine/cursor_motion.h"
 #include "engine/editing_commands.h"
 #include "engine/text_store.h"
-#include "marked_text.h"
 
 namespace ruvo {
 namespace {

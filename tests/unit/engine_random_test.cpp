@@ -13,13 +13,12 @@
 #include "aids/template_expand.h"
 #include "aids/text_search.h"
 #include "aids/word_expansion.h"
-#include "buffer_builder.h"
-#include "document_files.h"
 #include "editor_fixture.h"
 #include "engine/clipboard_commands.h"
 #include "engine/text_store.h"
 #include "lang/keyword_lookup.h"
 #include "lang/language_table.h"
+#include "test_files.h"
 
 namespace ruvo {
 namespace {

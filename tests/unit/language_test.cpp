@@ -2,7 +2,6 @@
 // entries), language options files on disk, and the language dialog.
 #include <sstream>
 
-#include "customisation_files.h"
 #include "dialogs/gadget_dialog.h"
 #include "docs/documents.h"
 #include "editor_fixture.h"
@@ -10,8 +9,8 @@
 #include "lang/language_dialog.h"
 #include "lang/language_edits.h"
 #include "lang/language_io.h"
-#include "language_test_files.h"
 #include "settings/error_report.h"
+#include "test_files.h"
 
 namespace ruvo {
 namespace {

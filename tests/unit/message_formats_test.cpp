@@ -6,9 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "customisation_files.h"
+#include "test_files.h"
 #include "editor_fixture.h"
-#include "language_test_files.h"
 
 namespace ruvo {
 namespace {

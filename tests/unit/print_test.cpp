@@ -3,8 +3,7 @@
 #include <cstring>
 #include <regex>
 
-#include "buffer_builder.h"
-#include "document_files.h"
+#include "test_files.h"
 #include "editor_fixture.h"
 #include "print/print_commands.h"
 #include "print/print_layout.h"

@@ -7,7 +7,7 @@
 #include <functional>
 #include <regex>
 
-#include "customisation_files.h"
+#include "test_files.h"
 #include "dialogs/gadget_dialog.h"
 #include "docs/documents.h"
 #include "editor_fixture.h"

@@ -3,13 +3,12 @@
 #include <algorithm>
 
 #include "aids/template_file.h"
-#include "document_files.h"
+#include "test_files.h"
 #include "editor_fixture.h"
 #include "engine/edit_buffer.h"
 #include "lang/keyword_lookup.h"
 #include "lang/language_io.h"
 #include "lang/syntax_scanner.h"
-#include "language_test_files.h"
 #include "settings/error_report.h"
 
 namespace ruvo {

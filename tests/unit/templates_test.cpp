@@ -13,11 +13,9 @@
 #include "lang/language_table.h"
 #include "settings/profile.h"
 
-#include "buffer_builder.h"
-#include "customisation_files.h"
+#include "test_files.h"
 #include "dialog_script.h"
 #include "editor_fixture.h"
-#include "language_test_files.h"
 
 namespace ruvo {
 namespace {

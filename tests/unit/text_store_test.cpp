@@ -7,10 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "buffer_builder.h"
 #include "docs/documents.h"
 #include "docs/file_reading.h"
-#include "document_files.h"
+#include "test_files.h"
 #include "editor_fixture.h"
 #include "engine/line_list.h"
 #include "engine/line_strings.h"

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "docs/documents.h"
-#include "document_files.h"
+#include "test_files.h"
 #include "editor_fixture.h"
 #include "engine/edit_buffer.h"
 #include "tools/result_window.h"
