@@ -14,7 +14,7 @@
 
 #include "buffer_builder.h"
 #include "engine/edit_buffer.h"
-#include "installed_editor.h"
+#include "fake_host.h"
 
 namespace ruvo {
 

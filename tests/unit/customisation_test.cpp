@@ -10,7 +10,6 @@
 #include "commands/help_files.h"
 #include "commands/key_map.h"
 #include "commands/menu_description.h"
-#include "dialog_script.h"
 #include "editor_fixture.h"
 #include "test_files.h"
 

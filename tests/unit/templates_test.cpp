@@ -14,7 +14,6 @@
 #include "settings/profile.h"
 
 #include "test_files.h"
-#include "dialog_script.h"
 #include "editor_fixture.h"
 
 namespace ruvo {

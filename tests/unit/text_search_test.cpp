@@ -9,7 +9,6 @@
 #include "aids/aids_state.h"
 #include "aids/search_commands.h"
 #include "buffer_builder.h"
-#include "dialog_script.h"
 #include "editor_fixture.h"
 #include "engine/word_search.h"
 

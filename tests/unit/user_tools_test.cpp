@@ -8,7 +8,6 @@
 
 #include "commands/command_table.h"
 #include "commands/menu_description.h"
-#include "dialog_script.h"
 #include "tools/error_list.h"
 #include "tools/tool_commands.h"
 #include "tools_fixture.h"

@@ -1,4 +1,5 @@
-// A Host for tests: an in-memory profile, scripted answers, and a record of every call.
+// A Host for tests: an in-memory profile, scripted answers, and a record of every call; and a
+// fresh Editor installed on one.
 #pragma once
 
 #include <deque>
@@ -9,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "engine/editor.h"
 #include "host/host.h"
 #include "print/print_layout.h"
 
@@ -293,6 +295,20 @@ class FakeHost : public Host {
     };
     using Section = std::map<std::string, std::string, LessIgnoringCase>;
     std::map<std::string, Section, LessIgnoringCase> profile_;
+};
+
+// A fresh Editor on a FakeHost (for each test, each input of a fuzz target, each allocation
+// made to fail), installed while it lives, so no state passes from one holder to the next. The
+// editor goes (with its buffers) while still installed.
+struct InstalledEditor {
+    FakeHost host;
+    struct Uninstall {
+        ~Uninstall() { InstallEditor(nullptr); }
+    } uninstall;
+    Editor editor{host};
+    InstalledEditor() { InstallEditor(&editor); }
+    InstalledEditor(const InstalledEditor&) = delete;
+    InstalledEditor& operator=(const InstalledEditor&) = delete;
 };
 
 } // namespace ruvo
