@@ -1,4 +1,4 @@
-// The command table's lookups, dispatch and the pushing of enabled states.
+// The command table's dispatch and the pushing of enabled states.
 #include "commands/command_table.h"
 
 #include <algorithm>
@@ -11,24 +11,6 @@ namespace ruvo {
 namespace {
 
 using CommandTableTest = EditorTest;
-
-TEST_F(CommandTableTest, EveryCommandIsFoundByItsHandlerNameAndMenuId) {
-    // Menus, keys and buttons find their rows by handler and by name; a shared one would send
-    // two commands to one row.
-    for (int row = 0; row < 98; ++row) {
-        int found = -2; // read after the lookup
-        EXPECT_EQ((std::tuple{CommandByName(CommandTable[row].name, "Menu Builder", true, &found),
-                              found, CommandIndexOfHandler(CommandTable[row].handler),
-                              CommandIndexOfMenuId(10000 + row)}),
-                  std::tuple(&CommandTable[row], row, row, row));
-    }
-    int index = 5;
-    EXPECT_EQ(CommandByName("LoadFiles", "Keyboard mapper", false, &index), nullptr);
-    EXPECT_EQ(std::tuple(index, CommandIndexOfMenuId(10099), CommandIndexOfMenuId(9999),
-                         CommandIndexOfHandler(nullptr),
-                         CommandByName("gOtOmArK3", "Button", false)),
-              std::tuple(-1, -1, -1, -1, &CommandTable[69]));
-}
 
 TEST_F(CommandTableTest, StatesFollowTheConditionsAndHandlersGuardThemselves) {
     // One row per condition: SaveFile, EditUndo, EditRedo, EditCopy, NextError.

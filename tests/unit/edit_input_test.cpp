@@ -103,33 +103,6 @@ TEST_F(EditInputTest, TypingReplacesTheSelectionOrTheCharacterUnderTheCaret) {
     EXPECT_EQ(full.Text(), std::string(100, 'w') + "z" + std::string(154, 'w'));
 }
 
-TEST_F(EditInputTest, PointsBecomePositionsAndClicksLandAfterARightHalf) {
-    TestBuffer buffer("abcdef\n\tx");
-    buffer->marginColumns = Margin;
-    // {x, y, top line, left column, line, screen column}; divisions truncate.
-    const int left = Margin * CharWidth;
-    const int points[][6] = {{left + 3, 14, 0, 0, 0, 0},
-                             {left + 4, 15, 0, 0, 1, 1},
-                             {left + 4, 16, 30, 5, 31, 6},
-                             {left, -15, 30, 5, 29, 5}};
-    for (const auto& [x, y, top, leftColumn, line, column] : points) {
-        buffer->topLine = top;
-        buffer->leftColumn = leftColumn;
-        EXPECT_EQ(PointToPos(*buffer, x, y), (ScreenPoint{line, column})) << x << "," << y;
-    }
-    editor.engine.display.charWidth = editor.engine.display.lineHeight = 0; // no division by 0
-    EXPECT_EQ(PointToPos(*buffer, 3, 4), (ScreenPoint{34, 1}));
-    // {line, screen column, caret}: in a tab's span the caret goes after the tab; past a
-    // line's end to its end; below the text to the last line; in the margin to the start.
-    const int clicks[][4] = {
-        {0, 3, 0, 3}, {1, 3, 1, 1}, {0, 40, 0, 6}, {9, 0, 1, 0}, {0, -5, 0, 0}};
-    for (const auto& [line, column, caretLine, caretColumn] : clicks) {
-        ClickAt(*buffer, line, column, false);
-        EXPECT_EQ(buffer->cursor, MakePos(caretLine, caretColumn)) << line << "," << column;
-    }
-    EXPECT_EQ(std::pair(buffer->lines.hasSelection, buffer.LoggedTransactions()), std::pair(0, 5));
-}
-
 TEST_F(EditInputTest, ClicksShiftClicksAndDragsAreOneUndoStepEachAndDragsScroll) {
     TestBuffer buffer(NumberedLines(30, "line "));
     buffer->visibleLines = 10;

@@ -48,6 +48,16 @@ TEST_F(SearchTest, FindSelectsTheMatchAndDoesNotWrap) {
     FindNextText();
     EXPECT_EQ(host.statusPanes[4], "Search string 'clk' not found.");
     EXPECT_TRUE(host.statusTexts.back().beep);
+    // The dialog starts from the word at the caret; Cancel keeps the last choices.
+    host.dialogActions.push_back([](GadgetDialog& dialog) {
+        EXPECT_EQ(GadgetAfter(dialog, "Find&text:")->textValue, "a");
+        setGadgetValue(*GadgetAfter(dialog, " Search direction: "), 1);
+        DialogCancelCommand(dialog);
+    });
+    buffer.PlaceCaret(0, 0);
+    FindText();
+    EXPECT_EQ(std::pair(editor.aids.search.searchText, editor.aids.search.forward),
+              std::pair(std::string("clk"), true));
 
     // Backwards from the caret, a match that begins at the caret comes first.
     buffer.PlaceCaret(1, 0);
@@ -79,32 +89,6 @@ TEST_F(SearchTest, GotoLineClampsTheNumberIntoTheText) {
         });
         GotoLine();
         EXPECT_EQ(buffer->cursor, MakePos(line, 0)) << typed;
-    }
-}
-
-// A word starts at a letter or digit and takes the underscores before it.
-TEST_F(SearchTest, TheDialogsStartFromTheWordAtTheCaretAndCancelKeepsTheChoices) {
-    TestBuffer words("a_b1 <= 1;\n  _x");
-    editor.aids.search = {.searchText = "old", .replaceText = "", .wholeWords = true};
-    // No word at a blank, an underscore or the line end: Find keeps the last text, Replace
-    // starts empty.
-    const std::tuple<int (*)(), TextPos, const char*> carets[] = {{FindText, {0, 2}, "a_b1"},
-                                                                  {FindText, {0, 1}, "old"},
-                                                                  {FindText, {1, 4}, "old"},
-                                                                  {ReplaceText, {0, 4}, ""},
-                                                                  {ReplaceText, {1, 3}, "_x"}};
-    for (const auto& [command, caret, expected] : carets) {
-        words.PlaceCaret(caret.line, caret.column);
-        host.dialogActions.push_back([&](GadgetDialog& dialog) {
-            EXPECT_EQ(GadgetAfter(dialog, dialog.title == "Find Text" ? "Find&text:" : "&Old text:")
-                          ->textValue,
-                      expected);
-            setGadgetValue(*GadgetWithText(dialog, "&Whole words"), 0);
-            DialogCancelCommand(dialog);
-        });
-        command();
-        EXPECT_EQ(std::pair(editor.aids.search.searchText, editor.aids.search.wholeWords),
-                  std::pair(std::string("old"), true));
     }
 }
 
