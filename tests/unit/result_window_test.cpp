@@ -1,6 +1,6 @@
-// The ToolResult window and the compiles that fill it: output joined from pieces, reuse, start
-// failures, result files; V-System and Leonardo runs with their command lines, parsers and
-// settings; the error list they make, stepped with NextError and PrevError, and its markers.
+// The ToolResult window and the compiles that fill it: output joined from pieces, result files;
+// V-System and Leonardo runs with their command lines, parsers and settings; the error list they
+// make, stepped with NextError and PrevError, and its markers.
 #include "tools/result_window.h"
 
 #include "commands/command_table.h"
@@ -43,38 +43,6 @@ class ResultWindowTest : public ToolsTest {
     int CaretLine() { return OpenResultBuffer()->cursor.line; }
     bool ErrorCommandsEnabled() { return host.enabledCommands[CommandIndexOfHandler(PrevError)]; }
 };
-
-// One window is reused; a program that does not start leaves the header.
-TEST_F(ResultWindowTest, OutputPiecesBecomeLinesAfterTheHeaderOfTheReusedWindow) {
-    const std::string x254(254, 'x');
-    // {starts, pieces, the lines after the header}
-    const std::tuple<bool, Lines, Lines> cases[] = {
-        {true, {}, {""}},
-        {true, {"one\r", "\ntwo\r", "\n"}, {"one", "two", ""}}, // CR LF split between two pieces
-        {true, {"x\ry"}, {"xy"}},
-        {true, {std::string(600, 'x') + "\n"}, {x254, x254, std::string(92, 'x'), ""}},
-        {false, {}, {""}},
-    };
-    for (const auto& [starts, pieces, output] : cases) {
-        host.processScripts.push_back({starts, pieces});
-        EXPECT_EQ(
-            runWithResultWindow(starts ? "Result" : "Failed", "tool -x", "C:\\w", ErrorMode::None),
-            starts ? 0 : 1);
-        const EditBuffer& result = *OpenResultBuffer(); // the caret follows the output
-        const Lines lines = LinesOf(result);
-        EXPECT_EQ(Lines(lines.begin() + 3, lines.end()), output);
-        EXPECT_EQ(result.cursor.line, pieces.empty() ? 0 : result.lines.lineCount - 1);
-    }
-    EditBuffer* result = OpenResultBuffer();
-    EXPECT_EQ(LastRun() + "|" + host.windowTitles[result] +
-                  std::to_string(host.createdWindows.size()),
-              "tool -x|C:\\w|Failed1");
-    EXPECT_EQ(host.ErrorBoxTexts(), "Can not create process 'tool -x'\n");
-    // Only caret moves were recorded since the window was emptied: undo brings back no text.
-    while (UndoTransaction() == 0) {
-    }
-    EXPECT_EQ(LinesOf(*result), (Lines{"", "tool -x", "", ""}));
-}
 
 TEST_F(ResultWindowTest, AResultFileAndLeonardosOutputAreReadForErrors) {
     EditBuffer& source = OpenSource("alu.vhd", "a\nb\nc\n");
