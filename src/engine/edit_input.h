@@ -27,7 +27,6 @@ enum EditKey : int {
 struct ScreenPoint {
     int32_t line = 0;
     int screenColumn = 0;
-    friend bool operator==(const ScreenPoint&, const ScreenPoint&) = default;
 };
 
 // The line and screen column under pixel (x, y) of the buffer's window, with the editor
