@@ -1,4 +1,4 @@
-// The command table's dispatch and the pushing of enabled states.
+// The command table's lookups, dispatch and the pushing of enabled states.
 #include "commands/command_table.h"
 
 #include <algorithm>
@@ -13,6 +13,11 @@ namespace {
 using CommandTableTest = EditorTest;
 
 TEST_F(CommandTableTest, StatesFollowTheConditionsAndHandlersGuardThemselves) {
+    // Identifiers past the table and unknown names find no row.
+    int index = 5;
+    EXPECT_EQ(std::tuple(CommandIndexOfMenuId(10099), CommandIndexOfMenuId(9999),
+                         CommandByName("NoSuch", nullptr, false, &index), index),
+              std::tuple(-1, -1, nullptr, -1));
     // One row per condition: SaveFile, EditUndo, EditRedo, EditCopy, NextError.
     auto states = [&] {
         UpdateCommandStates();

@@ -158,6 +158,10 @@ TEST_F(EditInputTest, ClicksShiftClicksAndDragsAreOneUndoStepEachAndDragsScroll)
     EXPECT_EQ(std::pair(buffer->topLine, buffer->cursor), std::pair(1, MakePos(11, 1)));
     EXPECT_TRUE(ButtonReleased(*buffer));
     EXPECT_EQ(buffer->topLine, 2);
+    // Before the font is measured a point still has a place: one pixel per row and column.
+    editor.engine.display.charWidth = editor.engine.display.lineHeight = 0;
+    const ScreenPoint unmeasured = PointToPos(*buffer, 3, 4);
+    EXPECT_EQ(std::pair(unmeasured.line, unmeasured.screenColumn), std::pair(6, 3));
 }
 
 TEST_F(EditInputTest, DoubleClicksSelectAWordOrOpenAMessage) {

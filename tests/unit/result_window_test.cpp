@@ -1,6 +1,6 @@
-// The ToolResult window and the compiles that fill it: output joined from pieces, result files;
-// V-System and Leonardo runs with their command lines, parsers and settings; the error list they
-// make, stepped with NextError and PrevError, and its markers.
+// The ToolResult window and the compiles that fill it: output joined from pieces, start failures,
+// result files; V-System and Leonardo runs with their command lines, parsers and settings; the
+// error list they make, stepped with NextError and PrevError, and its markers.
 #include "tools/result_window.h"
 
 #include "commands/command_table.h"
@@ -126,8 +126,10 @@ TEST_F(ResultWindowTest, ACompileMakesEntriesThatSteppingAndTheCaretFollowWhileT
     EXPECT_EQ(std::tuple(Markers(*editor.engine.currentBuffer).size(), source.cursor.line),
               std::tuple(0u, 4));
 
-    // A tool run forgets the errors of the compile before it.
-    runWithResultWindow("Result of tool 't'.", "t", ".", ErrorMode::None);
+    // A tool run forgets the errors of the compile before it, even one that does not start.
+    host.processScripts.push_back({false, {}});
+    EXPECT_EQ(runWithResultWindow("Result of tool 't'.", "t", ".", ErrorMode::None), 1);
+    EXPECT_EQ(host.boxes.back().text, "Can not create process 't'");
     EXPECT_TRUE(Markers(source).empty());
 
     // The result window is not a language file; the library modes run from it all the same.
