@@ -14,7 +14,7 @@
 namespace ruvo {
 namespace {
 
-constexpr int CharWidth = 8, LineHeight = 15, Margin = 7;
+constexpr int CharWidth = 8, LineHeight = 15;
 
 class EditInputTest : public EditorTest {
   protected:

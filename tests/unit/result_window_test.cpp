@@ -6,7 +6,6 @@
 #include "commands/command_table.h"
 #include "engine/clipboard_commands.h"
 #include "engine/edit_input.h"
-#include "engine/transaction_log.h"
 #include "settings/path_names.h"
 #include "tools/error_list.h"
 #include "tools/leonardo.h"
