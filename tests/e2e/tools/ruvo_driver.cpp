@@ -55,38 +55,12 @@
 //   popup-rect SECONDS        waits for an open menu (a visible pop-up menu window) and prints
 //                             its rectangle on the screen: "popup-rect x y width height"
 //   status-pane N             the text of status pane N (0 to 4): "status-pane <text>"
-#include <windows.h>
-
-#include <cstdio>
-#include <cstdlib>
-#include <string>
-#include <vector>
-
-#include "commands/command_table.h"
+#include "editor_windows.h"
 
 namespace {
 
+using namespace e2e;
 using Arguments = const std::string*; // the words after the command's name
-constexpr const char* FrameClass = "DavoEditClass";
-
-[[noreturn]] void Fail(const std::string& what) {
-    std::printf("error: %s\n", what.c_str());
-    std::fflush(stdout);
-    std::exit(1);
-}
-
-template <typename T> T Require(T found, const std::string& what) {
-    if (!found) Fail(what);
-    return found;
-}
-
-HWND Frame() {
-    return FindWindowA(FrameClass, nullptr);
-}
-
-HWND RequireFrame() {
-    return Require(Frame(), "no window of class DavoEditClass");
-}
 
 // Sends (or posts) a message to the frame: what that returned.
 std::string ToFrame(UINT message, WPARAM wParam, bool post = false) {
@@ -95,41 +69,12 @@ std::string ToFrame(UINT message, WPARAM wParam, bool post = false) {
                                : SendMessageA(frame, message, wParam, 0));
 }
 
-HWND MdiClient() {
-    return Require(FindWindowExA(RequireFrame(), nullptr, "MDICLIENT", nullptr),
-                   "the frame has no MDI client");
-}
-
-HWND ActiveChild() {
-    return reinterpret_cast<HWND>(SendMessageA(MdiClient(), WM_MDIGETACTIVE, 0, 0));
-}
-
 // The frame itself ("frame"), the active MDI child ("active") or the frame's child of a class.
 HWND NamedWindow(const std::string& name) {
     if (name == "frame") return RequireFrame();
     if (name == "active") return Require(ActiveChild(), "no active edit window");
     return Require(FindWindowExA(RequireFrame(), nullptr, name.c_str(), nullptr),
                    "the frame has no child of class " + name);
-}
-
-std::string TitleOf(HWND window) {
-    char title[512] = {};
-    // WM_GETTEXT crosses processes; GetWindowText would not ask the other process.
-    SendMessageA(window, WM_GETTEXT, sizeof title, reinterpret_cast<LPARAM>(title));
-    return title;
-}
-
-std::string ClassOf(HWND window) {
-    char name[64] = {};
-    GetClassNameA(window, name, sizeof name);
-    return name;
-}
-
-int ToNumber(const std::string& text) {
-    char* end = nullptr;
-    const long value = std::strtol(text.c_str(), &end, 10);
-    if (text.empty() || *end != '\0') Fail("not a number: '" + text + "'");
-    return static_cast<int>(value);
 }
 
 // Polls CONDITION until it holds; fails with FAILURE after SECONDS. Returns "ok".
@@ -168,17 +113,6 @@ void WaitUntilIdle(HANDLE process, const std::string& seconds) {
     }
 }
 
-std::vector<HWND> Windows(HWND parent) {
-    std::vector<HWND> found;
-    auto collect = [](HWND window, LPARAM list) -> BOOL {
-        reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-        return TRUE;
-    };
-    if (parent == nullptr) EnumWindows(collect, reinterpret_cast<LPARAM>(&found));
-    if (parent != nullptr) EnumChildWindows(parent, collect, reinterpret_cast<LPARAM>(&found));
-    return found;
-}
-
 HWND Titled(const std::string& title) {
     for (HWND window : Windows(nullptr)) {
         if (IsWindowVisible(window) && TitleOf(window) == title) return window;
@@ -195,17 +129,6 @@ std::string Escaped(const std::string& text) {
     for (char c : text)
         if (c != '\r') escaped += c == '\n' ? std::string("\\n") : std::string(1, c);
     return escaped;
-}
-
-// A command of the table by name or row: its menu id.
-WPARAM CommandId(const std::string& which) {
-    int row = -1;
-    if (!which.empty() && which.find_first_not_of("0123456789") == std::string::npos) {
-        row = ToNumber(which);
-    } else if (ruvo::CommandByName(which, nullptr, false, &row) == nullptr) {
-        Fail("no command named '" + which + "'");
-    }
-    return static_cast<WPARAM>(ruvo::CommandMenuIdBase + row);
 }
 
 std::string WaitFrame(Arguments a) {

@@ -8,45 +8,27 @@
 // windows pile up, and Wine arranges each of them one at a time (half a second a window under
 // load), so beyond MaxWindows the active window is closed, its question answered No. At the
 // end the editor is told to exit and every question is answered No, so nothing is saved.
-// FILE is opened again whenever no edit window is left. Prints the seed first, so that a
-// failure can be replayed.
-#include <windows.h>
-
+// FILE is opened again whenever no edit window is left. Prints "monkey done" at the end, or
+// "error: " and what went wrong.
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <random>
-#include <string>
-#include <vector>
 
-#include "commands/command_table.h"
+#include "editor_windows.h"
 
 namespace {
 
+using namespace e2e;
 constexpr DWORD EventTimeout = 90000;
 constexpr int MaxWindows = 12;
 
 HWND frame = nullptr;
 DWORD editorProcess = 0;
-
-[[noreturn]] void Fail(const std::string& what) {
-    std::printf("monkey error: %s\n", what.c_str());
-    std::fflush(stdout);
-    std::exit(1);
-}
-
-HWND Client() {
-    return FindWindowExA(frame, nullptr, "MDICLIENT", nullptr);
-}
-
-HWND ActiveChild() {
-    return reinterpret_cast<HWND>(SendMessageA(Client(), WM_MDIGETACTIVE, 0, 0));
-}
+int closedDialogs = 0;
 
 int ChildCount() {
     int count = 0;
-    for (HWND child = GetWindow(Client(), GW_CHILD); child != nullptr;
+    for (HWND child = GetWindow(MdiClient(), GW_CHILD); child != nullptr;
          child = GetWindow(child, GW_HWNDNEXT))
         ++count;
     return count;
@@ -69,22 +51,15 @@ DWORD WINAPI Deliver(void* parameter) {
     return 0;
 }
 
-BOOL CALLBACK CollectDialog(HWND window, LPARAM parameter) {
-    DWORD process = 0;
-    GetWindowThreadProcessId(window, &process);
-    char name[32] = {};
-    GetClassNameA(window, name, sizeof name);
-    if (process == editorProcess && IsWindowVisible(window) && std::strcmp(name, "#32770") == 0)
-        reinterpret_cast<std::vector<HWND>*>(parameter)->push_back(window);
-    return TRUE;
-}
-
 // Closes every dialog of the editor: Cancel where there is one, else No, else OK. With
 // preferNo a question is answered No (at the exit, so that nothing is saved).
-int CloseDialogs(bool preferNo) {
-    std::vector<HWND> dialogs;
-    EnumWindows(CollectDialog, reinterpret_cast<LPARAM>(&dialogs));
-    for (HWND dialog : dialogs) {
+void CloseDialogs(bool preferNo) {
+    for (HWND dialog : Windows(nullptr)) {
+        DWORD process = 0;
+        GetWindowThreadProcessId(dialog, &process);
+        if (process != editorProcess || !IsWindowVisible(dialog) || ClassOf(dialog) != "#32770")
+            continue;
+        ++closedDialogs;
         const int order[] = {preferNo ? IDNO : IDCANCEL, preferNo ? IDCANCEL : IDNO, IDOK, 0};
         const int* button = order;
         while (*button != 0 && GetDlgItem(dialog, *button) == nullptr)
@@ -95,22 +70,19 @@ int CloseDialogs(bool preferNo) {
         else
             PostMessageA(dialog, WM_CLOSE, 0, 0);
     }
-    return static_cast<int>(dialogs.size());
 }
-
-int closedDialogs = 0;
 
 void Send(HWND window, UINT message, WPARAM wParam, LPARAM lParam, const std::string& what,
           bool preferNo = false) {
     Delivery delivery{window, message, wParam, lParam};
-    HANDLE thread = CreateThread(nullptr, 0, Deliver, &delivery, 0, nullptr);
-    if (thread == nullptr) Fail("cannot start a thread");
+    HANDLE thread = Require(CreateThread(nullptr, 0, Deliver, &delivery, 0, nullptr),
+                            "cannot start a thread");
     while (WaitForSingleObject(thread, 20) == WAIT_TIMEOUT)
-        closedDialogs += CloseDialogs(preferNo);
+        CloseDialogs(preferNo);
     CloseHandle(thread);
     if (!IsWindow(frame)) Fail("the editor is gone after " + what);
     if (delivery.sent == 0) Fail("the editor did not finish " + what + " within 90 s");
-    closedDialogs += CloseDialogs(preferNo);
+    CloseDialogs(preferNo);
 }
 
 // Commands that would save, print, end the editor or start other programs are left out.
@@ -126,19 +98,15 @@ bool Allowed(const char* name) {
 
 int main(int argc, char** argv) {
     if (argc != 4) Fail("usage: ruvo_monkey SEED EVENTS FILE");
-    const unsigned seed = static_cast<unsigned>(std::strtoul(argv[1], nullptr, 10));
-    const int events = std::atoi(argv[2]);
+    const int events = ToNumber(argv[2]);
     const std::string file = argv[3];
-    std::printf("monkey seed %u events %d\n", seed, events);
-    std::fflush(stdout);
-    frame = FindWindowA("DavoEditClass", nullptr);
-    if (frame == nullptr) Fail("no editor frame");
+    frame = RequireFrame();
     GetWindowThreadProcessId(frame, &editorProcess);
 
     std::vector<int> commands;
     for (int row = 0; row < ruvo::TerminatingCommandIndex; ++row)
         if (Allowed(ruvo::CommandTable[row].name)) commands.push_back(row);
-    std::mt19937 random(seed);
+    std::mt19937 random(static_cast<unsigned>(ToNumber(argv[1])));
     auto below = [&random](int n) { return std::uniform_int_distribution<int>(0, n - 1)(random); };
     const std::string typing = "entity is port signal begin end; <= ( ) : -- \t\"x\" 0123 _ABC";
     const int keys[] = {VK_BACK, VK_RETURN, VK_DELETE, VK_LEFT,  VK_RIGHT, VK_UP,
@@ -155,8 +123,7 @@ int main(int argc, char** argv) {
             const ATOM atom = GlobalAddAtomA(file.c_str());
             Send(frame, WM_USER + 101, 1, atom, "opening " + file);
             GlobalDeleteAtom(atom);
-            child = ActiveChild();
-            if (child == nullptr) Fail("no edit window after opening " + file);
+            child = Require(ActiveChild(), "no edit window after opening " + file);
         }
         RECT area{};
         GetClientRect(child, &area);
@@ -195,13 +162,11 @@ int main(int argc, char** argv) {
     }
 
     // Exit without saving: every question is answered No.
-    int exitRow = -1;
-    (void)ruvo::CommandByName("ExitApp", nullptr, false, &exitRow);
-    PostMessageA(frame, WM_COMMAND, ruvo::CommandMenuIdBase + exitRow, 0);
+    PostMessageA(frame, WM_COMMAND, CommandId("ExitApp"), 0);
     const DWORD start = GetTickCount();
     while (IsWindow(frame)) {
         if (GetTickCount() - start > EventTimeout) Fail("the editor did not exit");
-        closedDialogs += CloseDialogs(true);
+        CloseDialogs(true);
         Sleep(50);
     }
     std::printf("monkey done %d events, %d dialogs closed\n", events, closedDialogs);

@@ -23,7 +23,7 @@ out=$(cd "$E2E_APP_DIR" &&
 printf '%s\n' "$out" | sed 's/^/[monkey] /' >&2
 if ((status != 0)) || ! grep -q '^monkey done ' <<<"$out"; then
     e2e_shot monkey_failed
-    e2e_fail "monkey seed $seed: $(grep '^monkey error' <<<"$out" || echo "exit status $status")"
+    e2e_fail "monkey seed $seed: $(grep '^error' <<<"$out" || echo "exit status $status")"
 fi
 e2e_wait_ruvo_exit
 [[ $(md5sum <"$work/alu.vhd") == "$before" ]] ||
