@@ -22,7 +22,6 @@
 namespace ruvo {
 namespace {
 
-using Lines = std::vector<std::string>;
 using Step = std::function<void(const std::string& file)>;
 
 // One operation: what is set up after the source (not counted), and the operation itself.
@@ -44,7 +43,7 @@ void WriteSource(const std::string& file, bool open) {
 }
 
 // Some first lines as after the operation, the rest as before it.
-bool StepsDone(const Lines& text, const Lines& before, const Lines& after) {
+bool StepsDone(const Texts& text, const Texts& before, const Texts& after) {
     if (text.size() != before.size() || text.size() != after.size()) return false;
     const auto done = std::mismatch(text.begin(), text.end(), after.begin()).first;
     return std::equal(done, text.end(), before.begin() + (done - text.begin()));
@@ -93,9 +92,9 @@ class AllocationFailureTest : public ::testing::TestWithParam<Operation> {};
 TEST_P(AllocationFailureTest, EveryFailingAllocationLeavesTheTextWholeAndTheFileIntact) {
     const Operation& operation = GetParam();
     // The text of the current buffer and the file's bytes on disk.
-    auto textNow = [] { return Current() ? LinesOf(*Current()) : Lines{"(no buffer)"}; };
+    auto textNow = [] { return Current() ? LinesOf(*Current()) : Texts{"(no buffer)"}; };
     auto stateNow = [&](const std::string& file) { return std::pair(textNow(), ReadBytes(file)); };
-    std::pair<Lines, std::string> before, after;
+    std::pair<Texts, std::string> before, after;
     long n = 0;
     for (;; ++n) { // at 0 nothing fails: the state after the operation
         SCOPED_TRACE(std::string(operation.name) + ", allocation " + std::to_string(n));

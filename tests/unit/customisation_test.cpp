@@ -16,8 +16,6 @@
 namespace ruvo {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 int RowOf(const char* command) {
     return static_cast<int>(CommandByName(command, nullptr, false) - CommandTable);
 }

@@ -22,8 +22,6 @@
 namespace ruvo {
 namespace {
 
-using Lines = std::vector<std::string>;
-
 class DocsTest : public EditorTest {
   protected:
     DocsTest() {
@@ -117,7 +115,7 @@ TEST_F(DocsTest, ClosingMovesOnAndFillsTheRecentFilesTheirMenuAndProfile) {
     // Five slots; a listed name moves to the top; names differing in case are different.
     for (const char* name : {"f1", "f2", "f3", "f4", "f5", "f2", "f2", "", "F5"})
         addRecentFile(name);
-    EXPECT_EQ(Lines(slots.begin(), slots.end()), (Lines{"F5", "f2", "f5", "f4", "f3"}));
+    EXPECT_EQ(Texts(slots.begin(), slots.end()), (Texts{"F5", "f2", "f5", "f4", "f3"}));
     addRecentFile(std::string(300, 'r')); // cut to the longest file name
     EXPECT_EQ(slots[0], std::string(255, 'r'));
 
@@ -146,7 +144,7 @@ TEST_F(DocsTest, ClosingMovesOnAndFillsTheRecentFilesTheirMenuAndProfile) {
     addRecentFile("new.vhd");
     saveRecentFiles();
     EXPECT_EQ(ReadList("Files", "", 5, 256),
-              (Lines{"new.vhd", kept, "C:\\designs\\alu\\alu_top.vhd", "", ""}));
+              (Texts{"new.vhd", kept, "C:\\designs\\alu\\alu_top.vhd", "", ""}));
 }
 
 TEST_F(DocsTest, StartupErrorsOpenInAMessageWindowThatIsRefreshed) {
@@ -195,9 +193,9 @@ TEST_F(DocsTest, InsertFileIsOneUndoableEditAndTheWindowMenuNeedsAWindow) {
     for (int i = 0; i < 3; ++i)
         EXPECT_EQ(InsertFile(), 0);
     EXPECT_EQ(std::tuple(host.fileDialogs.back().title, LinesOf(buffer), buffer.cursor),
-              std::tuple("Insert", Lines{"ax", "y", "zwb"}, MakePos(2, 2)));
+              std::tuple("Insert", Texts{"ax", "y", "zwb"}, MakePos(2, 2)));
     UndoTransaction();
-    EXPECT_EQ(LinesOf(buffer), (Lines{"ab"}));
+    EXPECT_EQ(LinesOf(buffer), (Texts{"ab"}));
 }
 
 TEST_F(DocsTest, UnchangedFilesRoundTripAndAnUnnamedBufferAsksForAName) {
@@ -261,7 +259,7 @@ TEST_F(DocsTest, SavingClearsModifiedAndTheLogAndFailuresKeepThem) {
               std::tuple("Error(s) writing file '/dev/full'\n.Expected 9 bytes, actually wrote 0 "
                          "bytes.\nCannot open source file '" +
                              gone + "'.\n",
-                         Lines{"abc", "deff"}, 1, folder.File("top.vhd"), true));
+                         Texts{"abc", "deff"}, 1, folder.File("top.vhd"), true));
 
     // Large buffers show progress; Save All takes modified buffers only.
     std::string bytes;
@@ -275,7 +273,7 @@ TEST_F(DocsTest, SavingClearsModifiedAndTheLogAndFailuresKeepThem) {
     EXPECT_EQ(ReadBytes(big.fileName) + ReadBytes(folder.File("b.vhd")),
               "-" + bytes + "changed outside");
     EXPECT_EQ(host.progressEvents,
-              (Lines{"show Saving file. 2501", "text " + folder.File("big.vhd"), "update 1000",
+              (Texts{"show Saving file. 2501", "text " + folder.File("big.vhd"), "update 1000",
                      "update 2000", "hide"}));
 }
 
@@ -336,7 +334,7 @@ TEST_F(DocsTest, ANewerFileIsOfferedOnceAndReloadedOnYes) {
     // The reload keeps the log, and the caret inside the shorter text.
     EXPECT_EQ(std::tuple(LinesOf(buffer), buffer.lines.modified, buffer.undoCurrent, buffer.cursor,
                          host.redrawnWindows.back(), LinesOf(mine)),
-              std::tuple(Lines{"uno", ""}, 0, logged, MakePos(1, 0), &buffer, Lines{"mine"}));
+              std::tuple(Texts{"uno", ""}, 0, logged, MakePos(1, 0), &buffer, Texts{"mine"}));
     checkAllChangedOnDisk(); // No is remembered until the next change
     EXPECT_EQ(host.boxes.size(), 2u);
     TouchLater(folder.File("n.vhd"), 20);
@@ -346,7 +344,7 @@ TEST_F(DocsTest, ANewerFileIsOfferedOnceAndReloadedOnYes) {
     EXPECT_EQ(reloadBuffer(gone), 1);
     EXPECT_EQ(host.boxes.back().text,
               "Cannot open file '" + folder.File("gone.vhd") + "' to refresh the window contents.");
-    EXPECT_EQ(LinesOf(gone), (Lines{"x"}));
+    EXPECT_EQ(LinesOf(gone), (Texts{"x"}));
 }
 
 } // namespace

@@ -94,13 +94,6 @@ TEST_F(EditInputTest, TypingReplacesTheSelectionOrTheCharacterUnderTheCaret) {
     for (int code : {8, 10, 31, 255, -1, 9, 32, 254})
         TypeChar(*codes, code);
     EXPECT_EQ(std::to_string(codes.LoggedTransactions()) + codes.Text(), "3\t \xfe");
-    // A full line can be overwritten, but refuses an inserted character.
-    TestBuffer full(std::string(255, 'w'));
-    full.PlaceCaret(0, 100);
-    TypeChar(*full, 'z');
-    editor.engine.overwriteMode = false;
-    TypeChar(*full, 'z');
-    EXPECT_EQ(full.Text(), std::string(100, 'w') + "z" + std::string(154, 'w'));
 }
 
 TEST_F(EditInputTest, ClicksShiftClicksAndDragsAreOneUndoStepEachAndDragsScroll) {

@@ -23,10 +23,9 @@
 namespace ruvo {
 namespace {
 
-using Lines = std::vector<std::string>;
 const char* const ReservedWords[] = {"end", "entity", "is", "port"};
 
-TextPos Clamp(const Lines& text, TextPos pos) {
+TextPos Clamp(const Texts& text, TextPos pos) {
     const int32_t line = std::clamp<int32_t>(pos.line, 0, static_cast<int32_t>(text.size()) - 1);
     return MakePos(line, std::clamp<int32_t>(pos.column, 0, text[line].size()));
 }
@@ -39,8 +38,8 @@ std::string Cased(std::string text, bool upper = false) {
 
 // The text with [start, end) replaced, or as it was if a line would pass 255 bytes; a carriage
 // return before a line feed goes.
-Lines Replace(const Lines& text, TextPos start, TextPos end, const std::string& inserted) {
-    Lines out(text.begin(), text.begin() + start.line);
+Texts Replace(const Texts& text, TextPos start, TextPos end, const std::string& inserted) {
+    Texts out(text.begin(), text.begin() + start.line);
     out.push_back(text[start.line].substr(0, start.column));
     for (size_t i = 0; i < inserted.size(); ++i) {
         if (inserted[i] == '\n')
@@ -55,7 +54,7 @@ Lines Replace(const Lines& text, TextPos start, TextPos end, const std::string& 
 
 // Replace all from the start: each match replaced in turn, the search going on after the new
 // text; the first replacement that would make a line too long ends the run.
-Lines ReplaceAll(Lines text, const std::string& find, const std::string& by, bool matchCase) {
+Texts ReplaceAll(Texts text, const std::string& find, const std::string& by, bool matchCase) {
     for (std::string& line : text) {
         for (size_t at = 0;;) {
             at = (matchCase ? line : Cased(line)).find(matchCase ? find : Cased(find), at);
@@ -71,7 +70,7 @@ Lines ReplaceAll(Lines text, const std::string& find, const std::string& by, boo
 // Comment and indent add their text to each line that stays short enough, or take it off the
 // lines that begin with it; the case edit changes reserved words (a letter and the identifier
 // bytes after it) outside the "--" comment.
-Lines RangeEdit(Lines text, RangeAction action, bool first, int32_t from, int32_t to) {
+Texts RangeEdit(Texts text, RangeAction action, bool first, int32_t from, int32_t to) {
     const std::string mark = action == RangeAction::Indent ? "\t" : "--";
     for (int32_t i = std::max(from, 0); i <= std::min<int32_t>(to, text.size() - 1); ++i) {
         std::string& line = text[static_cast<size_t>(i)];
@@ -112,7 +111,7 @@ class EngineRandomTest : public EditorTest, public ::testing::WithParamInterface
     }
 
     int Below(int n) { return n <= 0 ? 0 : std::uniform_int_distribution<int>(0, n - 1)(random); }
-    TextPos AnyPos(const Lines& text) {
+    TextPos AnyPos(const Texts& text) {
         const int line = Below(static_cast<int>(text.size()));
         return MakePos(line, Below(static_cast<int>(text[line].size()) + 1));
     }
@@ -131,16 +130,16 @@ class EngineRandomTest : public EditorTest, public ::testing::WithParamInterface
         }
         return text;
     }
-    TextPos Caret(const Lines& text) { return Clamp(text, buffer->cursor); }
+    TextPos Caret(const Texts& text) { return Clamp(text, buffer->cursor); }
 
     // Runs one random command on the buffer and gives the model's text after it.
-    Lines RunCommand(const Lines& text) {
+    Texts RunCommand(const Texts& text) {
         switch (Below(8)) {
         case 0: { // a paste over the selection: the selection goes even if the text is refused,
                   // the text goes in at the caret if the selection stays
             host.clipboard = Paste(Below(5) + 1);
             const bool selected = buffer->lines.hasSelection != 0;
-            const Lines after =
+            const Texts after =
                 selected ? Replace(text, buffer->selStart, buffer->selEnd, "") : text;
             const TextPos at = after != text ? buffer->selStart : Caret(text);
             EditPaste();
@@ -196,7 +195,7 @@ class EngineRandomTest : public EditorTest, public ::testing::WithParamInterface
                                          : kind == 1 ? Pick({"ent", "SLV", "x", "\t"})
                                                      : Paste(Below(2) + 1);
             // A range whose start is not before its end replaces nothing.
-            const Lines after = Replace(text, from, PosLess(from, to) ? to : from, inserted);
+            const Texts after = Replace(text, from, PosLess(from, to) ? to : from, inserted);
             const bool move = kind == 0 && PosEqual(from, to);
             const TextPos caret = move ? AnyPos(text) : EndOfInsertion(from, inserted);
             const TextPos anchor = Below(3) == 0 ? AnyPos(after) : caret;
@@ -218,7 +217,7 @@ class EngineRandomTest : public EditorTest, public ::testing::WithParamInterface
 TEST_P(EngineRandomTest, EveryStepMatchesTheModelAndEverythingCanBeUndone) {
     // The history as the log keeps it: undone steps come back as inverses before a new step.
     // The states a command passes on its way are learnt when undo or redo first reaches them.
-    std::vector<std::shared_ptr<const Lines>> states{std::make_shared<Lines>(LinesOf(*buffer))};
+    std::vector<std::shared_ptr<const Texts>> states{std::make_shared<Texts>(LinesOf(*buffer))};
     size_t current = 0;
     for (int step = 0; step < 4000; ++step) {
         SCOPED_TRACE("step " + std::to_string(step));
@@ -227,10 +226,10 @@ TEST_P(EngineRandomTest, EveryStepMatchesTheModelAndEverythingCanBeUndone) {
             const bool moved = kind == 0 ? current > 0 : current + 1 < states.size();
             if (moved) current = kind == 0 ? current - 1 : current + 1;
             ASSERT_EQ(kind == 0 ? UndoTransaction() : RedoTransaction(*buffer), moved ? 0 : 1);
-            if (!states[current]) states[current] = std::make_shared<Lines>(LinesOf(*buffer));
+            if (!states[current]) states[current] = std::make_shared<Texts>(LinesOf(*buffer));
         } else {
             const int logged = buffer.LoggedTransactions();
-            const Lines after = RunCommand(*states[current]);
+            const Texts after = RunCommand(*states[current]);
             ASSERT_FALSE(HasFailure());
             ASSERT_EQ(LinesOf(*buffer), after);
             int added = buffer.LoggedTransactions() - logged;
@@ -239,7 +238,7 @@ TEST_P(EngineRandomTest, EveryStepMatchesTheModelAndEverythingCanBeUndone) {
             for (size_t k = states.size() - 1; k > current; --k, --added)
                 states.push_back(states[k - 1]);
             for (int i = 1; i <= added; ++i)
-                states.push_back(i < added ? nullptr : std::make_shared<Lines>(after));
+                states.push_back(i < added ? nullptr : std::make_shared<Texts>(after));
             current = states.size() - 1;
         }
         ASSERT_EQ(LinesOf(*buffer), *states[current]);

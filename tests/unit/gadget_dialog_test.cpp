@@ -1,4 +1,4 @@
-// The dialog builder's model: units and layout, tags and values, closing, pages.
+// The dialog builder's model: units and layout, tags and values, closing.
 #include "dialogs/gadget_dialog.h"
 
 #include "editor_fixture.h"
@@ -7,7 +7,6 @@ namespace ruvo {
 namespace {
 
 using GadgetDialogTest = EditorTest;
-using Items = std::vector<std::string>;
 
 template <class Box> std::string Place(const Box& g) {
     return std::to_string(g.x) + "," + std::to_string(g.y) + " " + std::to_string(g.width) + "x" +
@@ -45,7 +44,7 @@ TEST_F(GadgetDialogTest, TagsSetValuesAndItemsAndUnknownFlagsAreReported) {
     // The first and the last two are past the ends: nothing (the first while the list is full).
     GlGadgetSet(*list, {SetItemTextTag(3, "x"), InsertItemTag(0, "z"), SetItemTextTag(3, "C"),
                         DeleteItemTag(1), DeleteItemTag(3), DeleteItemTag(-1)});
-    EXPECT_EQ(list->items, (Items{"z", "b", "C"}));
+    EXPECT_EQ(list->items, (Texts{"z", "b", "C"}));
     GlGadgetSet(*list, {DeleteItemTag(0), DeleteItemTag(0), DeleteItemTag(0)});
     EXPECT_EQ(list->value, -1) << "an empty list has no selection";
 
@@ -85,38 +84,6 @@ TEST_F(GadgetDialogTest, CloseButtonsSitBelowTheGadgetsAndEndTheDialog) {
     EXPECT_EQ(showDialog(*closing, true), 1);
     host.dialogActions.push_back([](GadgetDialog& d) { DialogCancelCommand(d); });
     EXPECT_EQ(showDialog(*closing, true), 0);
-}
-
-// Tab pages show their gadgets and those of every page.
-TEST_F(GadgetDialogTest, TabPagesShowTheirGadgetsAndCallbacksEndTheDialog) {
-    auto pages = createDialog("Pages");
-    Gadget* tabs = GlGadgetCreate(*pages, GadgetType::TabControl, 0, 0, 200, 120, "",
-                                  {PageNamesTag({"Window", "Font"})});
-    Gadget* first = GlGadgetCreate(*pages, GadgetType::CheckBox, 8, 20, 60, 12, "a",
-                                   {PageTag(1), CallbackTag([](Gadget& g) { return g.value; })});
-    Gadget* second =
-        GlGadgetCreate(*pages, GadgetType::Edit, 8, 20, 60, 12, "", {PageTag(2), FocusTag()});
-    Gadget* always = GlGadgetCreate(*pages, GadgetType::StaticText, 8, 100, 60, 12, "all");
-    showDialog(*pages, false);
-    EXPECT_EQ(std::tuple(pages->tabControl, pages->currentPage, host.focusedGadget),
-              std::tuple(tabs, 1, second));
-    for (int selection : {0, 1, 0}) {
-        DialogTabChanged(*pages, selection);
-        EXPECT_EQ(std::tuple(pages->currentPage, host.gadgetShown[first], host.gadgetShown[second],
-                             host.gadgetShown[always] && host.gadgetShown[tabs]),
-                  std::tuple(selection + 1, selection == 0, selection == 1, true));
-    }
-    // Without close buttons a callback's 1 still ends the dialog, as do Escape and closing.
-    EXPECT_EQ(GadgetNotified(*pages, first->controlId, 0), -1);
-    EXPECT_TRUE(host.DialogVisible(*pages));
-    EXPECT_EQ(GadgetNotified(*pages, first->controlId, 1) + GlGadgetGet(*first), 2);
-    EXPECT_FALSE(host.DialogVisible(*pages));
-    for (void (*end)(GadgetDialog&) :
-         {+[](GadgetDialog& d) { DialogCancelCommand(d); }, closeDialog}) {
-        showDialog(*pages, false);
-        end(*pages);
-        EXPECT_FALSE(host.DialogVisible(*pages));
-    }
 }
 
 } // namespace

@@ -15,8 +15,6 @@
 namespace ruvo {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 Texts Words(const WordArray& words) {
     return Texts(words.begin(), words.end());
 }

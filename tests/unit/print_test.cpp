@@ -11,8 +11,6 @@
 namespace ruvo {
 namespace {
 
-using Texts = std::vector<std::string>;
-
 // A page as text: each piece written at its cell, trailing blanks and empty end rows dropped.
 Texts Render(const PrintedPage& page) {
     Texts rows(page.grid.rows);

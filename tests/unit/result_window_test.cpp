@@ -17,8 +17,6 @@
 namespace ruvo {
 namespace {
 
-using Lines = std::vector<std::string>;
-
 class ResultWindowTest : public ToolsTest {
   protected:
     // A 20-line source, changed on disk, compiled into this output (result lines counted from
@@ -54,7 +52,7 @@ TEST_F(ResultWindowTest, AResultFileAndLeonardosOutputAreReadForErrors) {
         loadResultFile(report, title, ErrorMode::Vsystem);
         EditBuffer* result = OpenResultBuffer();
         EXPECT_EQ(result->windowKind + result->lines.readOnly, KindMessage + 1);
-        EXPECT_EQ(LinesOf(*result), (Lines{"header", "ERROR: alu.vhd(2): bad", ""}));
+        EXPECT_EQ(LinesOf(*result), (Texts{"header", "ERROR: alu.vhd(2): bad", ""}));
         EXPECT_EQ(Markers(source), (Marks{{2, KindError}}));
         EXPECT_EQ(host.windowTitles[result], title);
     }
@@ -141,7 +139,7 @@ TEST_F(ResultWindowTest, ACompileMakesEntriesThatSteppingAndTheCaretFollowWhileT
     Compile();
     clearErrors();
     EXPECT_TRUE(Markers(source).empty() && !ErrorCommandsEnabled() && !hasErrorList());
-    EXPECT_EQ(LinesOf(*OpenResultBuffer()), (Lines{""}));
+    EXPECT_EQ(LinesOf(*OpenResultBuffer()), (Texts{""}));
 
     closeBuffer(Compile());
     NextError();

@@ -133,17 +133,5 @@ TEST_F(SyntaxTest, ShortRunArraysAndColouringOffEndInOnePlainRun) {
     EXPECT_EQ(Runs("if x -- y", &language, MaxRunsPerLine, true), "[if x -- y]text/0/0");
 }
 
-// An abbreviation expands the whole text, without regard to case; a name without a value
-// expands to nothing.
-TEST_F(SyntaxTest, AbbreviationsExpandTheWholeTextWithoutRegardToCase) {
-    EditBuffer buffer;
-    EXPECT_EQ(ExpansionOf(buffer, "sl"), nullptr); // no language
-    buffer.language = &language;
-    ASSERT_TRUE(language.expanderNames.Append("orphan"));
-    EXPECT_STREQ(ExpansionOf(buffer, "E IF"), "end if;");
-    for (const char* text : {"s", "sl ", "", "e iff", "orphan"})
-        EXPECT_EQ(ExpansionOf(buffer, text), nullptr) << text;
-}
-
 } // namespace
 } // namespace ruvo

@@ -3,7 +3,6 @@
 #include <tuple>
 
 #include "aids/hdl_edits_dialog.h"
-#include "aids/range_edits.h"
 #include "aids/template_expand.h"
 #include "aids/template_profile.h"
 #include "aids/templates_dialog.h"
@@ -18,8 +17,6 @@
 
 namespace ruvo {
 namespace {
-
-using Texts = std::vector<std::string>;
 
 using TemplatesTest = EditorTest;
 
@@ -116,24 +113,6 @@ TEST_F(TemplatesTest, FilesAreLoadedAndTheDialogsInsertWithValuesKeptAsOneEdit) 
     EditUndo();
     EXPECT_EQ(std::tuple(buffer.Text(), buffer->cursor),
               std::tuple("y <= x1 and x2;\nfirst\nlast", MakePos(1, 0)));
-}
-
-// Each selected line gets its own edit; a selection ending at column 0 leaves that line out,
-// and stays on its lines so that the commands can be repeated.
-TEST_F(TemplatesTest, LineCommandsEditEachSelectedLine) {
-    TestBuffer edited("signal a;\n\tb;\nc");
-    LanguageEntry(1).lineComment = "--";
-    edited->language = &LanguageEntry(1);
-    edited.Select(MakePos(0, 3), MakePos(2, 0));
-    AddComment();
-    AddIndent();
-    RemoveComment(); // not at the line start
-    EXPECT_EQ(edited.Text(), "\t--signal a;\n\t--\tb;\nc");
-    for (int (*command)() : {RemoveIndent, RemoveComment, RemoveIndent})
-        command();
-    EXPECT_EQ(
-        std::tuple(edited.Text(), edited->selStart, edited->selEnd, edited.LoggedTransactions()),
-        std::tuple("signal a;\nb;\nc", MakePos(0, 3), MakePos(2, 0), 9));
 }
 
 TEST_F(TemplatesTest, TheRangeDialogNeedsARangeAndTicksOneBoxOnly) {

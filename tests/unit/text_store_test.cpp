@@ -1,5 +1,5 @@
-// The text store: insertion and deletion with the line limit, range text, columns and steps;
-// the line array and line strings under it, and reading files into it.
+// The text store: insertion and deletion with the line limit; the line array and line strings
+// under it, and reading files into it.
 #include "engine/text_store.h"
 
 #include <cstdio>
@@ -19,7 +19,6 @@ namespace ruvo {
 namespace {
 
 using TextStoreTest = EditorTest;
-using Lines = std::vector<std::string>;
 
 TEST_F(TextStoreTest, EditsSplitAndJoinLinesWithinTheLineLimit) {
     // {line, column, text, inserted, line after}: lone carriage returns stay, the one before a
@@ -45,6 +44,9 @@ TEST_F(TextStoreTest, EditsSplitAndJoinLinesWithinTheLineLimit) {
     // a line or the text deletes to its end.
     TestBuffer lines("l0\nl1\nab");
     EXPECT_EQ(InsertText(*lines, "x", 3, 0), 0); // a line past the end
+    char* range = GetRangeText(*lines, MakePos(0, 1), MakePos(1, 9), true); // the end kept in
+    EXPECT_STREQ(range, "0\r\nl1");
+    Release(range);
     const std::tuple<TextPos, TextPos, const char*> steps[] = {
         {{2, 1}, {1, 0}, "l0\nl1\nab"}, {{2, 1}, {2, 9}, "l0\nl1\na"}, {{1, 1}, {9, 0}, "l0\nl"}};
     for (const auto& [start, end, after] : steps) {
@@ -60,33 +62,6 @@ TEST_F(TextStoreTest, EditsSplitAndJoinLinesWithinTheLineLimit) {
     EXPECT_EQ(ReplaceLine(*lines, "zwei", 1) + ReplaceLine(*lines, std::string(255, 'x'), 0), 2);
     EXPECT_EQ(lines.Text() + std::to_string(lines->lines.modified),
               std::string(255, 'x') + "\nzwei1");
-}
-
-TEST_F(TextStoreTest, RangeTextAndScreenColumns) {
-    TestBuffer buffer("\tab\tc\nxy\n\nde\nfghi");
-    for (const auto& [from, to, text] : {std::tuple(MakePos(0, 3), MakePos(1, 1), "\tc\r\nx"),
-                                         std::tuple(MakePos(1, 1), MakePos(0, 3), "")}) {
-        char* got = GetRangeText(*buffer, from, to, PosLess(from, to)); // CR LF when not empty
-        EXPECT_STREQ(got, text);
-        Release(got);
-    }
-    EXPECT_EQ(RangeText(*buffer, MakePos(3, 1), MakePos(4, 99)), "e\nfghi");
-    EXPECT_TRUE(TextStandsAt(*buffer, MakePos(1, 1), "y\n\nd"));
-    EXPECT_FALSE(TextStandsAt(*buffer, MakePos(1, 1), "y\r\n\r\nd"));
-    EXPECT_FALSE(TextStandsAt(*buffer, MakePos(4, 0), "fghi\n"));
-
-    // Every byte column survives the trip to the screen and back, whatever the tabs.
-    TestBuffer mixed("\t\ta\tbc\t\tdef\t \t  g\t", false);
-    for (int size : {1, 3, 4, 8}) {
-        editor.settings.options.tabSize = size;
-        const char* line = mixed->lines.lineText[0];
-        for (int column = 0; column <= static_cast<int>(std::strlen(line)); ++column)
-            EXPECT_EQ(ColumnFromDisplay(*mixed, 0, DisplayColumn(line, column)), MakePos(0, column))
-                << "tab size " << size;
-    }
-    EXPECT_EQ(DisplayColumn(buffer->lines.lineText[0], -1) + DisplayColumn(nullptr, 3), 0);
-    buffer->visibleLines = 3; // the top line stops at the last full page
-    EXPECT_EQ(ClampTopLine(*buffer, 5), 2);
 }
 
 TEST_F(TextStoreTest, LineStringsAndListsEditInPlaceAndSurviveAFailedAllocation) {
@@ -137,8 +112,8 @@ TEST_F(TextStoreTest, LineStringsAndListsEditInPlaceAndSurviveAFailedAllocation)
 }
 
 // The pieces a line-reading call with a 255-character buffer gives, as lines.
-Lines ChunkRule(const std::string& path, long& count) {
-    Lines lines;
+Texts ChunkRule(const std::string& path, long& count) {
+    Texts lines;
     std::FILE* file = std::fopen(path.c_str(), "rb");
     char piece[ReadChunkLength + 1];
     bool endedWithNewline = true;
@@ -160,14 +135,14 @@ TEST_F(TextStoreTest, FilesAreReadInPiecesOf254WithTheSizeMessage) {
     TempFolder folder;
     WriteBytes(folder.File("nul.vhd"), std::string("ab\0cd\nef\n", 9));
     ASSERT_EQ(openFile(folder.File("nul.vhd"), 0, 0, KindDocument), 0);
-    EXPECT_EQ(LinesOf(*Current()), (Lines{"ab", "ef", ""}));
+    EXPECT_EQ(LinesOf(*Current()), (Texts{"ab", "ef", ""}));
     EXPECT_EQ(std::pair(Current()->lines.modified, host.busyCursorDepth), std::pair(0, 0));
     EXPECT_EQ(host.ErrorBoxTexts(), "Error(s) reading file '" + folder.File("nul.vhd") +
                                         "'.\nExpected 9 bytes, actually read 5 bytes.\n");
     // A folder cannot be read as a file: an empty buffer all the same.
     std::filesystem::create_directory(folder.File("sub"));
     EXPECT_EQ(openFile(folder.File("sub"), 0, 0, KindDocument), 0);
-    EXPECT_EQ(LinesOf(*Current()), Lines{""});
+    EXPECT_EQ(LinesOf(*Current()), Texts{""});
 
     // A file of several read blocks with every kind of line end, and its lines edited away.
     std::string bytes;
@@ -176,7 +151,7 @@ TEST_F(TextStoreTest, FilesAreReadInPiecesOf254WithTheSizeMessage) {
         bytes += std::string(i * 37 % 520, "ab\tz\r\0x"[i % 7]) + ends[i % 6];
     WriteBytes(folder.File("big.bin"), bytes);
     long count = 0;
-    const Lines expected = ChunkRule(folder.File("big.bin"), count);
+    const Texts expected = ChunkRule(folder.File("big.bin"), count);
     EditBuffer buffer;
     buffer.lines.growBy = 2; // the slot array grows often
     std::FILE* in = std::fopen(folder.File("big.bin").c_str(), "rb");
@@ -185,7 +160,7 @@ TEST_F(TextStoreTest, FilesAreReadInPiecesOf254WithTheSizeMessage) {
     EXPECT_EQ(LinesOf(buffer), expected);
     ASSERT_EQ(DeleteRange(buffer, MakePos(0, 0), MakePos(buffer.lines.lineCount, 0)), 1);
     ASSERT_EQ(InsertText(buffer, "new\nlines", 0, 0), 1);
-    EXPECT_EQ(LinesOf(buffer), (Lines{"new", "lines"}));
+    EXPECT_EQ(LinesOf(buffer), (Texts{"new", "lines"}));
     ClearLineList(&buffer.lines);
 }
 

@@ -18,7 +18,6 @@
 namespace ruvo {
 namespace {
 
-using Calls = std::vector<std::string>;
 constexpr uint32_t TextColour = MakeColor(1, 1, 1);
 constexpr uint32_t CommentColour = MakeColor(2, 2, 2);
 constexpr uint32_t KeywordColour = MakeColor(5, 5, 5);
@@ -34,7 +33,7 @@ class ViewTest : public EditorTest {
             EXPECT_TRUE(language.groups[0].words.Append(word));
         SetFontMetrics(8, 15);
     }
-    Calls BarCalls() { return std::exchange(host.scrollBarCalls, {}); }
+    Texts BarCalls() { return std::exchange(host.scrollBarCalls, {}); }
     // Found text drawn ("draw line:start-end"), then the lines redrawn, since the last call.
     std::string Drawn() {
         std::string calls;
@@ -92,7 +91,7 @@ TEST_F(ViewTest, ScrollingStopsAtTheLastFullPageAtZeroAndAt255Columns) {
     buffer->topLine = 95;
     BarCalls();
     FitScrollBars(*buffer);
-    EXPECT_EQ(BarCalls(), (Calls{"V range 0 90", "V pos 90", "H range 0 255"}));
+    EXPECT_EQ(BarCalls(), (Texts{"V range 0 90", "V pos 90", "H range 0 255"}));
     buffer->visibleLines = 160;
     FitScrollBars(*buffer);
     EXPECT_EQ(buffer->topLine, 0);

@@ -16,6 +16,9 @@
 
 namespace ruvo {
 
+// Texts compared as a list: lines, reports, calls.
+using Texts = std::vector<std::string>;
+
 class FakeHost : public Host {
   public:
     struct Box {
