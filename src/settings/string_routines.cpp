@@ -1,6 +1,7 @@
-// Small string routines: bounded copy, ASCII case changes, repetition and comparisons.
+// Small string routines: bounded copy, comparison without regard to case, name checks.
 #include "settings/string_routines.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "engine/editor.h"
@@ -9,19 +10,8 @@ namespace ruvo {
 
 namespace {
 
-char AsciiUpper(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
 char AsciiLower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-template <typename Change> void ChangeCase(char* text, int length, Change change) {
-    if (text == nullptr) return;
-    const size_t limit = length > 0 ? static_cast<size_t>(length) : std::strlen(text);
-    // Never past the terminator, even when the length says more.
-    for (size_t i = 0; i < limit && text[i] != '\0'; ++i)
-        text[i] = change(text[i]);
 }
 
 } // namespace
@@ -35,31 +25,10 @@ void CopyBounded(char* target, std::string_view source, int capacity) {
     target[n] = '\0';
 }
 
-void UpperCase(char* text, int length) {
-    ChangeCase(text, length, AsciiUpper);
-}
-
-void LowerCase(char* text, int length) {
-    ChangeCase(text, length, AsciiLower);
-}
-
-std::string RepeatChar(char c, int count) {
-    return count > 0 ? std::string(static_cast<size_t>(count), c) : std::string();
-}
-
-int CompareNoCase(std::string_view a, std::string_view b) {
-    const size_t n = a.size() < b.size() ? a.size() : b.size();
-    for (size_t i = 0; i < n; ++i) {
-        const unsigned char x = static_cast<unsigned char>(AsciiLower(a[i]));
-        const unsigned char y = static_cast<unsigned char>(AsciiLower(b[i]));
-        if (x != y) return x < y ? -1 : 1;
-    }
-    if (a.size() == b.size()) return 0;
-    return a.size() < b.size() ? -1 : 1;
-}
-
 bool EqualsNoCase(std::string_view a, std::string_view b) {
-    return a.size() == b.size() && CompareNoCase(a, b) == 0;
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
+               return AsciiLower(x) == AsciiLower(y);
+           });
 }
 
 bool CheckName(std::string_view name) {
