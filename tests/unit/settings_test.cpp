@@ -164,6 +164,7 @@ TEST_F(SettingsTest, PlacementStringsAndPathParts) {
     char text[] = "Entity";
     CopyBounded(text, "abcdefgh", 4); // cut, and ended inside the longer text
     EXPECT_STREQ(text, "abc");
+
     // Each part of each name, "-" for none, followed by the error text the name left.
     EXPECT_TRUE(CheckName("x") && editor.settings.currentErrorText.empty());
     using Part = std::optional<std::string> (*)(std::string_view);

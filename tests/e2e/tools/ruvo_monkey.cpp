@@ -75,8 +75,8 @@ void CloseDialogs(bool preferNo) {
 void Send(HWND window, UINT message, WPARAM wParam, LPARAM lParam, const std::string& what,
           bool preferNo = false) {
     Delivery delivery{window, message, wParam, lParam};
-    HANDLE thread = Require(CreateThread(nullptr, 0, Deliver, &delivery, 0, nullptr),
-                            "cannot start a thread");
+    HANDLE thread =
+        Require(CreateThread(nullptr, 0, Deliver, &delivery, 0, nullptr), "cannot start a thread");
     while (WaitForSingleObject(thread, 20) == WAIT_TIMEOUT)
         CloseDialogs(preferNo);
     CloseHandle(thread);
