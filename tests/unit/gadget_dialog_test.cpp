@@ -84,6 +84,9 @@ TEST_F(GadgetDialogTest, CloseButtonsSitBelowTheGadgetsAndEndTheDialog) {
     EXPECT_EQ(showDialog(*closing, true), 1);
     host.dialogActions.push_back([](GadgetDialog& d) { DialogCancelCommand(d); });
     EXPECT_EQ(showDialog(*closing, true), 0);
+    showDialog(*closing, false); // shown without waiting: closing hides it
+    closeDialog(*closing);
+    EXPECT_FALSE(host.DialogVisible(*closing));
 }
 
 } // namespace
