@@ -142,6 +142,7 @@ TEST_F(TemplatesTest, TheRangeDialogNeedsARangeAndTicksOneBoxOnly) {
     });
     EditSpecial();
     EXPECT_EQ(edited.Text(), "signal a;\nb;\nc");
+    EXPECT_EQ(edited->selEnd, MakePos(0, 1)); // a selection on lines left alone stays put
 }
 
 // An abbreviation's text or template replaces the word before the caret as one step. A value
