@@ -9,11 +9,11 @@
 
 #include "docs/documents.h"
 #include "docs/file_reading.h"
-#include "test_files.h"
 #include "editor_fixture.h"
 #include "engine/line_list.h"
 #include "engine/line_strings.h"
 #include "settings/allocator.h"
+#include "test_files.h"
 
 namespace ruvo {
 namespace {
@@ -43,7 +43,7 @@ TEST_F(TextStoreTest, EditsSplitAndJoinLinesWithinTheLineLimit) {
     // Deletion {start, end, text after} in turn: a backwards range changes nothing, an end past
     // a line or the text deletes to its end.
     TestBuffer lines("l0\nl1\nab");
-    EXPECT_EQ(InsertText(*lines, "x", 3, 0), 0); // a line past the end
+    EXPECT_EQ(InsertText(*lines, "x", 3, 0), 0);                            // a line past the end
     char* range = GetRangeText(*lines, MakePos(0, 1), MakePos(1, 9), true); // the end kept in
     EXPECT_STREQ(range, "0\r\nl1");
     Release(range);
@@ -73,10 +73,11 @@ TEST_F(TextStoreTest, LineStringsAndListsEditInPlaceAndSurviveAFailedAllocation)
     ReplacePrefix(text, 2, "[[");
     EXPECT_EQ(CopyIndent(text, " \t \vcode", 3), 3);
     EXPECT_STREQ(text, " \t [[def");
-    for (const char* line : {"\n", "x\r", ""}) {
+    for (const auto& [line, stripped] :
+         {std::pair("\n", ""), {"x\r", "x\r"}, {"y\r\n", "y"}, {"", ""}}) {
         std::strcpy(text, line);
         StripLineEnd(text);
-        EXPECT_STREQ(text, line[0] == '\n' ? "" : line);
+        EXPECT_STREQ(text, stripped);
     }
     EXPECT_EQ(CopyIndent(text, "code", 8), 0);
 
