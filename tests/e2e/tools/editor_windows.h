@@ -42,6 +42,15 @@ inline HWND ActiveChild() {
     return reinterpret_cast<HWND>(SendMessageA(MdiClient(), WM_MDIGETACTIVE, 0, 0));
 }
 
+// The edit windows in the MDI client, top first (icon titles left out).
+inline std::vector<HWND> EditWindows() {
+    std::vector<HWND> found;
+    for (HWND child = GetWindow(MdiClient(), GW_CHILD); child != nullptr;
+         child = GetWindow(child, GW_HWNDNEXT))
+        if (GetWindow(child, GW_OWNER) == nullptr) found.push_back(child);
+    return found;
+}
+
 inline std::string TitleOf(HWND window) {
     char title[512] = {};
     // WM_GETTEXT crosses processes; GetWindowText would not ask the other process.

@@ -224,15 +224,11 @@ std::string TypeTimed(Arguments a) {
 }
 
 std::string Children(Arguments) {
-    int count = 0;
-    std::string lines;
-    for (HWND child = GetWindow(MdiClient(), GW_CHILD); child != nullptr;
-         child = GetWindow(child, GW_HWNDNEXT)) {
-        if (GetWindow(child, GW_OWNER) != nullptr) continue; // an icon title
-        ++count;
+    const std::vector<HWND> children = EditWindows();
+    std::string lines = std::to_string(children.size());
+    for (HWND child : children)
         lines += "\nchild " + TitleOf(child);
-    }
-    return std::to_string(count) + lines;
+    return lines;
 }
 
 std::string ClassInfo(Arguments a) {

@@ -20,19 +20,11 @@ namespace {
 
 using namespace e2e;
 constexpr DWORD EventTimeout = 90000;
-constexpr int MaxWindows = 12;
+constexpr size_t MaxWindows = 12;
 
 HWND frame = nullptr;
 DWORD editorProcess = 0;
 int closedDialogs = 0;
-
-int ChildCount() {
-    int count = 0;
-    for (HWND child = GetWindow(MdiClient(), GW_CHILD); child != nullptr;
-         child = GetWindow(child, GW_HWNDNEXT))
-        ++count;
-    return count;
-}
 
 // One message sent and waited for from a helper thread, so that this one can close dialogs.
 struct Delivery {
@@ -115,7 +107,7 @@ int main(int argc, char** argv) {
     for (int event = 0; event < events; ++event) {
         const std::string what = "event " + std::to_string(event);
         HWND child = ActiveChild();
-        if (child != nullptr && ChildCount() > MaxWindows) {
+        if (child != nullptr && EditWindows().size() > MaxWindows) {
             Send(child, WM_CLOSE, 0, 0, what + " (closing a window)", true);
             child = ActiveChild();
         }
